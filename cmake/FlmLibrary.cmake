@@ -1,0 +1,49 @@
+# The library: compiled once, linked as a shared object and as an archive.
+file(GLOB flm_sources CONFIGURE_DEPENDS RELATIVE "${PROJECT_SOURCE_DIR}"
+     api/*.cpp base/*.cpp dcf/*.cpp dpof/*.cpp filelist/*.cpp fsio/*.cpp)
+
+# An object file of its own: in the archive it gives way to a program's own two functions.
+if(FLM_PREFERENCE STREQUAL "file")
+  list(APPEND flm_sources platform/preference_file.cpp)
+endif()
+
+add_library(flm_objects OBJECT ${flm_sources})
+target_link_libraries(flm_objects PRIVATE flm_settings)
+set_target_properties(flm_objects PROPERTIES
+  CXX_EXTENSIONS OFF
+  POSITION_INDEPENDENT_CODE ON
+  CXX_VISIBILITY_PRESET hidden
+  VISIBILITY_INLINES_HIDDEN ON)
+
+# What both forms of the library ask of the programs that use them.
+function(flm_set_usage target)
+  target_compile_features(${target} PUBLIC cxx_std_17)
+  target_include_directories(${target} INTERFACE
+    "$<BUILD_INTERFACE:${PROJECT_SOURCE_DIR};${FLM_PUBLIC_HEADER_ROOT}>"
+    "$<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>")
+  target_link_libraries(${target} PRIVATE Threads::Threads)
+  if(FLM_PREFERENCE STREQUAL "external")
+    target_link_libraries(${target} PRIVATE ${FLM_PREFERENCE_LIBRARY})
+  endif()
+  set_target_properties(${target} PROPERTIES
+    OUTPUT_NAME filelistmanagement
+    LINKER_LANGUAGE CXX
+    ARCHIVE_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}"
+    LIBRARY_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}")
+endfunction()
+
+add_library(filelistmanagement SHARED $<TARGET_OBJECTS:flm_objects>)
+add_library(filelistmanagement::filelistmanagement ALIAS filelistmanagement)
+flm_set_usage(filelistmanagement)
+set(flm_exports "${PROJECT_SOURCE_DIR}/cmake/exports.map")
+set_target_properties(filelistmanagement PROPERTIES
+  VERSION ${PROJECT_VERSION}
+  SOVERSION ${PROJECT_VERSION_MAJOR}
+  LINK_DEPENDS "${flm_exports}")
+target_link_options(filelistmanagement PRIVATE
+  "LINKER:--version-script=${flm_exports}" "LINKER:-z,relro,-z,now,-z,defs")
+
+add_library(filelistmanagement_static STATIC $<TARGET_OBJECTS:flm_objects>)
+add_library(filelistmanagement::filelistmanagement_static ALIAS filelistmanagement_static)
+flm_set_usage(filelistmanagement_static)
+set_target_properties(filelistmanagement_static PROPERTIES EXPORT_NAME filelistmanagement_static)

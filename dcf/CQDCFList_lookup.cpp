@@ -1,0 +1,242 @@
+// From paths to files and positions, and the information about one file.
+#include <cstring>
+
+#include "base/bounded_text.h"
+#include "base/file_list_item.h"
+#include "base/wrapping.h"
+#include "dcf/CQDCFList.h"
+#include "dcf/dcf_name.h"
+#include "dcf/dcf_path.h"
+#include "dcf/item_layout.h"
+#include "fsio/PCQDCFFSIO.h"
+
+namespace {
+
+constexpr int kShortestPath = 24;  // below it no path names a folder of the tree
+constexpr int kWholeDirName = 8;
+constexpr int kWeakDirName = 6;  // folders that share these characters are one to a lookup
+constexpr int kFirstSlotNumber = 100;
+constexpr int kNumbersPerFolder = 100;
+
+constexpr int kNoDirNumber = -100;
+constexpr int kNoFileNumber = -101;
+constexpr int kDirNotFound = -200;
+constexpr int kFileNotFound = -300;
+
+constexpr int kKeyFreeSlot = -3;
+constexpr int kKeyNoItems = -2;
+constexpr int kKeyNoTable = -1;
+constexpr int kKeyNoSlot = -4;
+
+constexpr int kOtherType = -2;
+constexpr int kNoType = -1;
+
+bool ExtensionIs(const DCFItem* item, const char* extension) {
+  for (int i = 0; i < flm::kExtensionSize; ++i) {
+    if (flm::UpperCaseOf(item->extChars[i]) != extension[i]) return false;
+  }
+  return true;
+}
+
+// The rule by which file information is found: any file of the number, in "CAMERA" by its name.
+bool InfoMatches(const DCFItem* item, const char* path, int fileNumber) {
+  if (item->dirNumber == flm::kCameraNumber) return std::strstr(path, item->fileName) != nullptr;
+  return item->fileNumber == fileNumber;
+}
+
+}  // namespace
+
+void CQDCFList::GetNum(const char* path, int* dirNumber, short* fileNumber) {
+  if (path == nullptr || dirNumber == nullptr || fileNumber == nullptr) return;
+  int file = -1;
+  *dirNumber = -1;
+  flm::NumbersInPath(path, static_cast<int>(std::strlen(baseURI_)), flm::IsStillMode(mode_),
+                     dirNumber, &file);
+  *fileNumber = static_cast<short>(file);
+}
+
+void CQDCFList::GetNum(const DCFItem* item, int* /*ignored*/, short* dirNumber) {
+  if (item != nullptr && dirNumber != nullptr) *dirNumber = item->dirNumber;
+}
+
+int CQDCFList::GetDidx(int /*dirNumber*/, const char* path) {
+  if (flm::BoundedLength(path, kShortestPath) < kShortestPath) return -1;
+  const char* const name = flm::DirNameInPath(path);
+  if (name == nullptr) return -1;
+  char whole[kWholeDirName + 1];
+  flm::BoundedText(whole, sizeof(whole)).Text(name, kWholeDirName);
+  const int used = UsedSlots();
+  for (int slot = 0; slot < used; ++slot) {
+    const char* const dirName = dirTable_[slot].GetDirName();
+    if (std::strcmp(dirName, whole) == 0 || std::strncmp(dirName, whole, kWeakDirName) == 0)
+      return slot;
+  }
+  return -1;
+}
+
+int CQDCFList::GetDidx(int dirNumber, int fileNumber) { return SlotHolding(dirNumber, fileNumber); }
+
+int CQDCFList::GetDnum(int slotIndex) { return flm::WrappingSum(slotIndex, kFirstSlotNumber); }
+
+int CQDCFList::GetFnum(int slotIndex, int n) {
+  return flm::WrappingSum(n, GetDnum(slotIndex) % kNumbersPerFolder * kNumbersPerFolder);
+}
+
+int CQDCFList::GetFidx(int n) {
+  return n >= 1 && n < kNumbersPerFolder ? n : n % kNumbersPerFolder;
+}
+
+int CQDCFList::GetIndexToNum(int key, int* dirNumber, int* fileNumber) {
+  if (dirNumber == nullptr || fileNumber == nullptr) return -1;
+  *dirNumber = key / flm::kFileIndexBase;
+  *fileNumber = key % flm::kFileIndexBase;
+  return 0;
+}
+
+int CQDCFList::GetNumToIndex(int dirNumber, int fileNumber) {
+  return flm::WrappingSum(flm::WrappingProduct(dirNumber, flm::kFileIndexBase), fileNumber);
+}
+
+int CQDCFList::GetURIToKey(const char* path) {
+  int dirNumber = -1;
+  short fileNumber = -1;
+  GetNum(path, &dirNumber, &fileNumber);
+  return GetNumToIndex(dirNumber, fileNumber);
+}
+
+int CQDCFList::GetKeyToURI(int key, char* out, int outSize) {
+  const int slot = GetDidx(key / flm::kFileIndexBase, out);
+  if (slot < 0) return kKeyNoSlot;
+  if (dirTable_ == nullptr) return kKeyNoTable;
+  const CQDCFDir& dir = dirTable_[slot];
+  if (dir.IsEmpty() != 0) return kKeyNoItems;
+  if (dir.GetDnum() < 0) return kKeyFreeSlot;
+  // The slot goes where the file number goes and the key's file number where the slot goes: callers
+  // of this conversion were written against these paths.
+  BuildPath({out, outSize}, dir.GetDnum(), slot, key % flm::kFileIndexBase, curItem_);
+  return 0;
+}
+
+CQDCFList::Place CQDCFList::LookUp(const char* path) {
+  int dirNumber = -1;
+  short fileNumber = -1;
+  GetNum(path, &dirNumber, &fileNumber);
+  const int slot = GetDidx(dirNumber, path);
+  if (slot < 0) return {-1, nullptr};
+  return {slot, dirTable_[slot].GetItem(fileNumber, path)};
+}
+
+// Stricter than LookUp: the whole extension counts, since taking away a multi-picture companion
+// must not drop the record of a movie of the same number.
+CQDCFList::Place CQDCFList::LookUpExactly(const char* path) {
+  Place place = LookUp(path);
+  if (place.item == nullptr || dirTable_[place.slot].GetDnum() == flm::kCameraNumber) return place;
+  const char* const prefix = flm::PrefixInPath(path);
+  const char* const extension = flm::ExtensionInPath(path);
+  const int fileNumber = place.item->fileNumber;
+  for (DCFItem* item = place.item; item != nullptr; item = item->next) {
+    if (item->fileNumber == fileNumber &&
+        std::memcmp(item->prefixChars, prefix, flm::kPrefixSize) == 0 &&
+        std::memcmp(item->extChars, extension, flm::kExtensionSize) == 0) {
+      return {place.slot, item};
+    }
+  }
+  return {place.slot, nullptr};
+}
+
+int CQDCFList::SetCurFile(const char* path) {
+  if (path == nullptr) return InitCursor();
+  int dirNumber = -1;
+  short fileNumber = -1;
+  GetNum(path, &dirNumber, &fileNumber);
+  if (dirNumber < 0) return kNoDirNumber;
+  if (fileNumber < 0) return kNoFileNumber;
+  const Place place = LookUp(path);
+  if (place.slot < 0) return kDirNotFound;
+  if (place.item == nullptr) return kFileNotFound;
+  MoveCursor(place, dirTable_[place.slot].GetDnum());
+  return 0;
+}
+
+int CQDCFList::GetListIndex(const char* path) {
+  int dirNumber = -1;
+  short fileNumber = -1;
+  GetNum(path, &dirNumber, &fileNumber);
+  const int found = GetDidx(dirNumber, path);
+  if (found < 0 || dirTable_[found].IsEmpty() != 0) return -1;
+  const int inDirectory = dirTable_[found].GetFidx(fileNumber, path);
+  if (inDirectory < 0) return -1;
+  int before = 0;
+  for (int slot = 0; slot < found; ++slot) before += dirTable_[slot].GetCount();
+  return before + inDirectory;
+}
+
+DCFItem* CQDCFList::FindItem(const char* path) {
+  const char* const prefix = path == nullptr ? nullptr : flm::PrefixInPath(path);
+  if (prefix == nullptr) return nullptr;
+  char wanted[flm::kPrefixSize];
+  for (int i = 0; i < flm::kPrefixSize; ++i) wanted[i] = flm::UpperCaseOf(prefix[i]);
+  int dirNumber = -1;
+  short fileNumber = -1;
+  GetNum(path, &dirNumber, &fileNumber);
+  for (Place at = Forward(BeforeFirst()); at.item != nullptr; at = Forward(at)) {
+    if (dirTable_[at.slot].GetDnum() == dirNumber && at.item->fileNumber == fileNumber &&
+        std::memcmp(at.item->prefixChars, wanted, flm::kPrefixSize) == 0) {
+      return at.item;
+    }
+  }
+  return nullptr;
+}
+
+int CQDCFList::IsExist(const char* path) {
+  const Place place = LookUp(path);
+  return place.item == nullptr ? -1 : place.item->fileNumber;
+}
+
+int CQDCFList::IsProtect(const char* path) { return PCQDCFFSIO::IsProtect(path); }
+
+int CQDCFList::GetFileType(const DCFItem* item) {
+  if (item == nullptr) return kNoType;
+  if (ExtensionIs(item, "JPG")) return flm::kKindJpg;
+  if (ExtensionIs(item, "WAV")) return flm::kKindWav;
+  if (ExtensionIs(item, "SRW")) return flm::kKindSrw;
+  return ExtensionIs(item, "MPO") ? flm::kKindMpo : kOtherType;
+}
+
+int CQDCFList::GetDcfNum(const DCFItem* item) {
+  return item == nullptr ? -1 : GetNumToIndex(item->dirNumber, item->fileNumber);
+}
+
+CQDCFList::Place CQDCFList::FindForInfo(const char* path, int dirNumber, int fileNumber) const {
+  for (Place at = Forward(BeforeFirst()); at.item != nullptr; at = Forward(at)) {
+    if (dirTable_[at.slot].GetDnum() == dirNumber && InfoMatches(at.item, path, fileNumber))
+      return at;
+  }
+  return BehindLast();
+}
+
+int CQDCFList::GetInfo(const char* path, CQFileListItem* info) {
+  if (path == nullptr || info == nullptr) return -1;
+  int dirNumber = -1;
+  short fileNumber = -1;
+  GetNum(path, &dirNumber, &fileNumber);
+  const Place place = FindForInfo(path, dirNumber, fileNumber);
+  if (place.item == nullptr) return -1;
+  CQDCFDir& dir = dirTable_[place.slot];
+  DCFItem* const item = place.item;
+  info->dpofCopies = static_cast<uint8_t>(dir.GetItemInfo(item, flm::kMarkInfoDpofCopies));
+  info->dpofIndex = dir.GetItemInfo(item, flm::kMarkInfoDpofIndex) != 0 ? 1 : 0;
+  info->dpofSize = dir.GetItemInfo(item, flm::kMarkInfoDpofSize);
+  std::memset(info->objectPath, 0, flm::kFolderPathSize);
+  if (dirNumber == flm::kCameraNumber) {
+    flm::CopyText(info->objectPath, flm::kPathSize, path);
+  } else {
+    WriteObjectPath({info->objectPath, flm::kPathSize}, place);
+  }
+  info->isProtected = IsProtect(path) != 0 ? 1 : 0;
+  info->selected = dir.GetItemBit(item, flm::kMarkBitSelected) ? 1 : 0;
+  info->wifiFlag = dir.GetItemBit(item, flm::kMarkBitWifi) ? 1 : 0;
+  if (std::strlen(path) >= flm::kPathSize) return -1;
+  flm::CopyText(info->filePath, flm::kPathSize, path);
+  return 0;
+}

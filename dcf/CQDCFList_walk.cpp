@@ -1,0 +1,172 @@
+// The walks over all files and the navigation cursor. The steppers at the top are the one place
+// where "every item of every used directory" is written.
+#include "dcf/CQDCFList.h"
+
+namespace {
+
+// A caller may have put any slot into a cursor.
+int Clamp(int slot) {
+  if (slot < -1) return -1;
+  return slot > flm::kMaxFolders ? flm::kMaxFolders : slot;
+}
+
+constexpr int kNoCursor = -2;
+
+}  // namespace
+
+CQDCFList::Place CQDCFList::Forward(Place from) const {
+  if (from.item != nullptr && from.item->next != nullptr) return {from.slot, from.item->next};
+  for (int slot = Clamp(from.slot) + 1; IsSlot(slot); ++slot) {
+    DCFItem* const first = IsRead(slot) ? dirTable_[slot].GetFirstItem() : nullptr;
+    if (first != nullptr) return {slot, first};
+  }
+  return BehindLast();
+}
+
+CQDCFList::Place CQDCFList::Backward(Place from) const {
+  if (from.item != nullptr && from.item->prev != nullptr) return {from.slot, from.item->prev};
+  for (int slot = Clamp(from.slot) - 1; IsSlot(slot); --slot) {
+    DCFItem* const last = IsRead(slot) ? dirTable_[slot].GetLastItem() : nullptr;
+    if (last != nullptr) return {slot, last};
+  }
+  return BeforeFirst();
+}
+
+// The directory of a used slot, read now when it was not: memory holds one such directory at a
+// time. Null for a free slot.
+CQDCFDir* CQDCFList::ReachSlot(int slot) {
+  CQDCFDir& dir = dirTable_[slot];
+  if (dir.GetDnum() < 0) return nullptr;
+  if (!dir.GetListup() && ListSlot(slot) > 0) FreeAllDirExcept(&dir);
+  return &dir;
+}
+
+CQDCFList::Place CQDCFList::ForwardReading(Place from) {
+  if (from.item != nullptr && from.item->next != nullptr) return {from.slot, from.item->next};
+  for (int slot = Clamp(from.slot) + 1; IsSlot(slot); ++slot) {
+    CQDCFDir* const dir = ReachSlot(slot);
+    DCFItem* const first = dir == nullptr ? nullptr : dir->GetFirstItem();
+    if (first != nullptr) return {slot, first};
+  }
+  return BehindLast();
+}
+
+CQDCFList::Place CQDCFList::BackwardReading(Place from) {
+  if (from.item != nullptr && from.item->prev != nullptr) return {from.slot, from.item->prev};
+  for (int slot = Clamp(from.slot) - 1; IsSlot(slot); --slot) {
+    CQDCFDir* const dir = ReachSlot(slot);
+    DCFItem* const last = dir == nullptr ? nullptr : dir->GetLastItem();
+    if (last != nullptr) return {slot, last};
+  }
+  return BeforeFirst();
+}
+
+int CQDCFList::InitCursor() { return SetCurItem(-1, -1, -1, nullptr); }
+
+int CQDCFList::SetCurItem(int dirNumber, int fileNumber, int dirIndex, DCFItem* item) {
+  curDnum_ = dirNumber;
+  curFnum_ = fileNumber;
+  curDirIndex_ = dirIndex;
+  curItem_ = item;
+  return 0;
+}
+
+void CQDCFList::MoveCursor(Place place, int dirNumber) {
+  SetCurItem(dirNumber, place.item->fileNumber, place.slot, place.item);
+}
+
+int CQDCFList::GetFirst(char* out, int outSize, char* objOut, int objSize, bool setCursor,
+                        unsigned int* fileTime) {
+  if (setCursor) InitCursor();
+  const Place place = ForwardReading(BeforeFirst());
+  if (place.item == nullptr) return -1;
+  WritePath({out, outSize}, place);
+  WriteObjectPath({objOut, objSize}, place);
+  WriteTime(fileTime, place.item);
+  // Not the directory's own number, unlike every other walk: the mark shortcut depends on it.
+  if (setCursor) MoveCursor(place, GetDnum(place.slot));
+  return 0;
+}
+
+int CQDCFList::GetNext(char* out, int outSize, char* objOut, int objSize, unsigned int* fileTime) {
+  if (curDnum_ < 0) return GetFirst(out, outSize, objOut, outSize, true, nullptr);
+  const int left = curDirIndex_;
+  const Place place = ForwardReading(CursorPlace());
+  if (place.item == nullptr) return -1;
+  WritePath({out, outSize}, place);
+  if (place.slot != left) WriteObjectPath({objOut, objSize}, place);
+  WriteTime(fileTime, place.item);
+  MoveCursor(place, dirTable_[place.slot].GetDnum());
+  return 0;
+}
+
+int CQDCFList::GetPrev(char* out, int outSize, char* objOut, int objSize) {
+  if (curDnum_ < 0) return kNoCursor;
+  const int left = curDirIndex_;
+  const Place place = BackwardReading(CursorPlace());
+  if (place.item == nullptr) return -1;
+  WritePath({out, outSize}, place);
+  if (place.slot != left) WriteObjectPath({objOut, objSize}, place);
+  MoveCursor(place, dirTable_[place.slot].GetDnum());
+  return 0;
+}
+
+int CQDCFList::GetLast(char* out, int outSize, char* objOut, int objSize) {
+  InitCursor();
+  const Place place = Backward(BehindLast());
+  if (place.item == nullptr) return -1;
+  WritePath({out, outSize}, place);
+  WriteObjectPath({objOut, objSize}, place);
+  MoveCursor(place, dirTable_[place.slot].GetDnum());
+  return 0;
+}
+
+int CQDCFList::GetLastPath(char* out, int outSize) const {
+  const Place place = Backward(BehindLast());
+  if (place.item == nullptr) return -1;
+  WritePath({out, outSize}, place);
+  return 0;
+}
+
+int CQDCFList::GetCur(char* out, int outSize, char* objOut, int objSize) {
+  if (curDnum_ < 0 || curFnum_ < 0) return -1;
+  if (curItem_ == nullptr) return -1;
+  WritePath({out, outSize}, CursorPlace());
+  WriteObjectPath({objOut, objSize}, CursorPlace());
+  return 0;
+}
+
+int CQDCFList::GetAt(int position, char* out, int outSize, char* objOut, int objSize) {
+  if (position < 0) return -1;
+  Place place = Forward(BeforeFirst());
+  for (int i = 0; i < position && place.item != nullptr; ++i) place = Forward(place);
+  if (place.item == nullptr) return -1;
+  WritePath({out, outSize}, place);
+  WriteObjectPath({objOut, objSize}, place);
+  return 0;
+}
+
+DCFItem* CQDCFList::GetFirstDCFItem() {
+  InitCursor();
+  const Place place = ForwardReading(BeforeFirst());
+  if (place.item != nullptr) MoveCursor(place, GetDnum(place.slot));
+  return place.item;
+}
+
+DCFItem* CQDCFList::GetNextDCFItem() {
+  if (curDnum_ < 0) return GetFirstDCFItem();
+  const Place place = ForwardReading(CursorPlace());
+  if (place.item != nullptr) MoveCursor(place, dirTable_[place.slot].GetDnum());
+  return place.item;
+}
+
+int CQDCFList::IsLast(const char* path) {
+  const Place last = Backward(BehindLast());
+  if (path == nullptr || last.item == nullptr) return 0;
+  int dirNumber = -1;
+  short fileNumber = -1;
+  GetNum(path, &dirNumber, &fileNumber);
+  const bool same =
+      dirNumber == dirTable_[last.slot].GetDnum() && fileNumber == last.item->fileNumber;
+  return same ? 1 : 0;
+}

@@ -1,0 +1,146 @@
+// Writing a print order. Each block is one text, written with one call.
+#include "dpof/CQDPOF.h"
+
+#include <cstring>
+#include <memory>
+#include <new>
+
+#include "base/bounded_text.h"
+#include "dcf/CQDCFList.h"
+#include "dcf/dcf_name.h"
+#include "dcf/item_layout.h"
+#include "dpof/dpof_types.h"
+#include "fsio/PCQDCFFSIO.h"
+
+namespace {
+
+constexpr char kHeaderStart[] = "[HDR]\r\nGEN REV=01.10\r\nGEN CRT=\"";
+constexpr char kHeaderEnd[] = "\"\r\n\r\n";
+constexpr char kJobStart[] = "[JOB]\r\nPRT PID=";
+constexpr char kTypeStart[] = "\r\nPRT TYP=";
+constexpr char kQuantityStart[] = "\r\nPRT QTY=";
+constexpr char kImageFormat[] = "\r\nIMG FMT=EXIF2 -J\r\n";
+constexpr char kIndexHead[] = "\r\nPRT TYP=IDX\r\nPRT QTY=001>\r\nIMG FMT=EXIF2 -J\r\n";
+constexpr char kSourceStart[] = "<IMG SRC=\"../";
+constexpr char kSourceEnd[] = "\">\r\n";
+constexpr int kBlockSize = 512;
+constexpr int kThreeDigits = 3;
+constexpr int kOnePrint = 1;
+
+// The path of a file less the storage root and the '/' behind it.
+const char* BelowRoot(const char* path, const CQDCFList& catalogue) {
+  const size_t root = std::strlen(catalogue.GetBaseURI());
+  return std::strlen(path) > root ? path + root + 1 : "";
+}
+
+void WriteBlock(void* file, const char* text, int length) {
+  PCQDCFFSIO::Write(file, text, &length);
+}
+
+// Every file of the walk, at most fileCount; `take` gets its path. The walk is the catalogue's own
+// and moves its cursor.
+template <typename Take>
+void ForEachFile(CQDCFList& catalogue, int fileCount, Take take) {
+  char path[flm::kPathSize] = {};
+  char objects[flm::kPathSize] = {};
+  for (int i = 0; i < fileCount; ++i) {
+    const int step =
+        i == 0 ? catalogue.GetFirst(path, flm::kPathSize, objects, flm::kPathSize, true, nullptr)
+               : catalogue.GetNext(path, flm::kPathSize, objects, flm::kPathSize, nullptr);
+    if (step < 0) return;
+    take(path);
+  }
+}
+
+}  // namespace
+
+CQDPOF::CQDPOF() : jobCount_(0) {}
+
+CQDPOF::~CQDPOF() = default;
+
+int CQDPOF::SaveDPOFInfo(const char* path, CQDCFList* catalogue, const char* creator,
+                         int fileCount) {
+  if (path == nullptr || catalogue == nullptr) return -1;
+  void* const file = PCQDCFFSIO::CreateFileIO(path);
+  if (file == nullptr) return -1;
+  if (fileCount != 0) {
+    jobCount_ = 0;
+    MakeHeader(file, creator, fileCount);
+    MakeStandard(file, catalogue, fileCount);
+    MakeIndex(file, catalogue, fileCount);
+    MakeSize(file, catalogue, fileCount);
+  }
+  return PCQDCFFSIO::DestroyFileIO(file);
+}
+
+int CQDPOF::MakeHeader(void* file, const char* creator, int /*fileCount*/) {
+  if (file == nullptr) return -1;
+  const size_t nameLength = creator == nullptr ? 0 : std::strlen(creator);
+  const size_t size = sizeof(kHeaderStart) + nameLength + sizeof(kHeaderEnd);
+  const std::unique_ptr<char[]> text(new (std::nothrow) char[size]);
+  if (text == nullptr) return -1;
+  flm::BoundedText header(text.get(), static_cast<int>(size));
+  header.Text(kHeaderStart).Text(creator).Text(kHeaderEnd);
+  WriteBlock(file, text.get(), header.Length());
+  return 0;
+}
+
+void CQDPOF::WriteJob(void* file, const char* type, int quantity, const char* source) {
+  char text[kBlockSize];
+  flm::BoundedText job(text, kBlockSize);
+  job.Text(kJobStart).Number(++jobCount_, kThreeDigits);
+  job.Text(kTypeStart).Text(type);
+  job.Text(kQuantityStart).Number(quantity, kThreeDigits).Text(kImageFormat);
+  job.Text(kSourceStart).Text(source).Text(kSourceEnd);
+  WriteBlock(file, text, job.Length());
+}
+
+int CQDPOF::MakeStandard(void* file, CQDCFList* catalogue, int fileCount) {
+  if (file == nullptr || catalogue == nullptr) return -1;
+  ForEachFile(*catalogue, fileCount, [&](const char* path) {
+    const int copies = catalogue->GetCustomInfo(path, flm::kMarkInfoDpofCopies);
+    if (copies != 0) WriteJob(file, flm::kTypeStandard, copies, BelowRoot(path, *catalogue));
+  });
+  return 0;
+}
+
+int CQDPOF::MakeIndex(void* file, CQDCFList* catalogue, int fileCount) {
+  if (file == nullptr || catalogue == nullptr) return -1;
+  bool wanted = false;
+  ForEachFile(*catalogue, fileCount, [&](const char* path) {
+    wanted = wanted || catalogue->GetCustomInfo(path, flm::kMarkInfoDpofIndex) != 0;
+  });
+  if (!wanted) return 0;
+  char text[kBlockSize];
+  flm::BoundedText head(text, kBlockSize);
+  head.Text(kJobStart).Number(++jobCount_, kThreeDigits).Text(kIndexHead);
+  WriteBlock(file, text, head.Length());
+  ForEachFile(*catalogue, fileCount, [&](const char* path) {
+    const bool member = catalogue->GetCustomInfo(path, flm::kMarkInfoDpofIndex) != 0;
+    if (!member || !flm::EndsInJpg(path)) return;
+    flm::BoundedText line(text, kBlockSize);
+    line.Text(kSourceStart).Text(BelowRoot(path, *catalogue)).Text(kSourceEnd);
+    WriteBlock(file, text, line.Length());
+  });
+  return 0;
+}
+
+int CQDPOF::MakeSize(void* file, CQDCFList* catalogue, int fileCount) {
+  if (file == nullptr || catalogue == nullptr) return -1;
+  ForEachFile(*catalogue, fileCount, [&](const char* path) {
+    const int size = catalogue->GetCustomInfo(path, flm::kMarkInfoDpofSize);
+    if (size != 0) WriteJob(file, flm::SizeTypeOf(size), kOnePrint, BelowRoot(path, *catalogue));
+  });
+  return 0;
+}
+
+int CQDPOF::GetPath(const char* line, char* out) {
+  if (line == nullptr || out == nullptr) return -1;
+  const char* const open = std::strchr(line, '"');
+  const char* const close = open == nullptr ? nullptr : std::strchr(open + 1, '"');
+  if (close == nullptr) return 0;
+  const size_t length = static_cast<size_t>(close - open - 1);
+  std::memcpy(out, open + 1, length);
+  out[length] = '\0';
+  return 0;
+}

@@ -1,0 +1,87 @@
+#include "dpof/CQFileReader.h"
+
+#include <fcntl.h>
+
+#include <cstring>
+#include <new>
+
+#include "fsio/os_calls.h"
+
+namespace {
+
+constexpr int kBufferSize = 8192;
+constexpr int kNotOpened = -100;
+constexpr int kNotUsable = -1;
+constexpr int kTooLong = -101;
+constexpr int kEndOfFile = -102;
+
+}  // namespace
+
+CQFileReader::CQFileReader()
+    : buffer_(nullptr),
+      readPos_(0),
+      bufferSize_(kBufferSize),
+      stream_(-1),
+      created_(false),
+      status_(0),
+      fileSize_(0),
+      totalRead_(0),
+      dataLen_(0) {}
+
+CQFileReader::CQFileReader(const char* path) : CQFileReader() {
+  status_ = kNotOpened;
+  if (path == nullptr) return;
+  buffer_ = new (std::nothrow) char[kBufferSize]();
+  if (buffer_ == nullptr) return;
+  off_t size = 0;
+  stream_ = flm::OpenRegularFile(path, O_RDONLY, &size);
+  if (stream_ < 0) {
+    delete[] buffer_;
+    buffer_ = nullptr;
+    return;
+  }
+  fileSize_ = size;
+  created_ = true;
+  status_ = 0;
+}
+
+CQFileReader::~CQFileReader() {
+  if (stream_ >= 0) flm::Os().Close(stream_);
+  delete[] buffer_;
+}
+
+int CQFileReader::BufferMemSet(char* buffer, unsigned int value, int length) {
+  if (buffer == nullptr || length <= 0) return -1;
+  std::memset(buffer, static_cast<int>(value & 0xFF), static_cast<size_t>(length));
+  return 0;
+}
+
+// Reads the next block; false at the end of the file. A read that yields nothing is the end
+// whatever the size says: the file may have shrunk, or be no file that has a size.
+bool CQFileReader::ReadBlock() {
+  BufferMemSet(buffer_, 0, bufferSize_);
+  readPos_ = 0;
+  const ssize_t got = flm::Os().Read(stream_, buffer_, static_cast<size_t>(bufferSize_));
+  dataLen_ = got > 0 ? static_cast<int32_t>(got) : 0;
+  totalRead_ += dataLen_;
+  return dataLen_ > 0;
+}
+
+int CQFileReader::GetLine(char* line, int size, char delimiter) {
+  if (!created_ || buffer_ == nullptr || line == nullptr) return kNotUsable;
+  BufferMemSet(line, 0, size);
+  int length = 0;
+  for (;;) {
+    while (readPos_ < dataLen_) {
+      const char byte = buffer_[readPos_];
+      const bool ends = byte == delimiter;
+      if (!ends && length >= size) return kTooLong;
+      ++readPos_;
+      if (ends && length + 1 >= size) return kTooLong;
+      line[length++] = byte;
+      if (ends) return 0;
+    }
+    if (totalRead_ > 0 && totalRead_ >= fileSize_) return kEndOfFile;
+    if (!ReadBlock()) return kEndOfFile;
+  }
+}

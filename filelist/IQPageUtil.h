@@ -1,0 +1,48 @@
+// A list cut into pages, for thumbnail screens.
+#ifndef FILELISTMANAGEMENT_IQPAGEUTIL_H
+#define FILELISTMANAGEMENT_IQPAGEUTIL_H
+
+#include "base/flm_export.h"
+#include "filelist/CQFileListItem.h"
+
+// Obtained from CBIFileListManager::GetPageUtil; another face of the list that IQFileList shows.
+// Pages are numbered from 0; page p holds the files at the indexes p * pageSize to
+// p * pageSize + pageSize - 1. `items` is the caller's array with room for pageSize items; element
+// k gets the k-th file of the page (path, marks and file status), elements beyond the last file
+// stay as they are. Every page call moves the list's cursor to the last file that it read. A null
+// `items` gives -1. The order of the operations is part of the binary interface.
+class FLM_API IQPageUtil {
+ public:
+  virtual ~IQPageUtil();
+
+  // Sets the number of files per page and forgets the current page. Returns 0; the value is not
+  // checked, and with 0 or less there are no pages.
+  virtual int InitPage(int pageSize) = 0;
+
+  // Goes to page `page`. Number of items filled, 0 when the page lies beyond the files; -1 for a
+  // negative page or one whose first file cannot be read; -2 when the list has no files. The page
+  // after or before the current one is reached by GetNextPage or GetPrevPage, wrap-around included.
+  virtual int GetPageAt(int page, CQFileListItem* items) = 0;
+
+  // Goes to page 0. Number of items filled; 0 for an empty list, -1 before a successful scan.
+  virtual int GetFirstPage(CQFileListItem* items) = 0;
+
+  // Goes one page on, from the last page to the first. Number of items filled, 0 for an empty
+  // list; -1 when the walk to the next page fails (the current page stays).
+  virtual int GetNextPage(CQFileListItem* items) = 0;
+
+  // Goes one page back, from page 0 to the last. Results as GetNextPage.
+  virtual int GetPrevPage(CQFileListItem* items) = 0;
+
+  // Goes to the last page. Number of files on the last page, also when some of them could not be
+  // read; 0 for an empty list or without a page size.
+  virtual int GetLastPage(CQFileListItem* items) = 0;
+
+  // Number of the current page; -1 when none has been shown since InitPage or since a deletion.
+  virtual int GetCurPageNum() = 0;
+
+  // Number of pages; 0 without a page size.
+  virtual int GetPageTotalCount() = 0;
+};
+
+#endif

@@ -1,0 +1,80 @@
+#include "bulk.h"
+
+#include <unistd.h>
+
+#include <CLI/CLI.hpp>
+
+#include "commands.h"
+#include "failure.h"
+#include "interrupt.h"
+#include "output.h"
+#include "progress.h"
+#include "select.h"
+#include "text.h"
+
+namespace flm::tool {
+namespace {
+
+// One line from the terminal, without its end; "" when there is none.
+std::string ReadAnswer() {
+  std::string answer;
+  char c = 0;
+  while (read(STDIN_FILENO, &c, 1) == 1 && c != '\n') answer += c;
+  return answer;
+}
+
+}  // namespace
+
+void AddBulkOptions(CLI::App& command, BulkOptions& options) {
+  AddRoot(command, options.card.root);
+  CLI::Option* const files = command.add_option("FILE", options.files, kFilesHelp);
+  command.add_flag("-a,--all", options.all, "Every file of the card")->excludes(files);
+  command.add_flag("-y,--yes", options.yes, "Do not ask before more than one file is changed");
+  command.add_flag("-q,--quiet", options.quiet, "No progress bar, and nothing about what was done");
+  command.add_flag("-n,--dry-run", options.dryRun, "Only say what would be done");
+}
+
+std::vector<Entry> BulkTargets(Card& card, const BulkOptions& options) {
+  if (options.all) return ReadEntries(card);
+  if (options.files.empty()) throw Failure("no file is named (or --all)", kStatusUsage);
+  std::vector<Entry> targets;
+  for (const int index : SelectMany(card, options.files)) targets.push_back(ReadEntry(card, index));
+  return targets;
+}
+
+void Confirm(const BulkOptions& options, const std::string& act, size_t files) {
+  if (options.yes || options.dryRun || files < 2) return;
+  const std::string what = act + " " + Counted(static_cast<int64_t>(files), "file");
+  if (isatty(STDIN_FILENO) == 0) {
+    throw Failure("will not " + what + " without --yes: there is no terminal to ask on");
+  }
+  CatchInterrupts();
+  const std::string question = "flm: " + what + "? [y/N] ";
+  std::fwrite(question.data(), 1, question.size(), stderr);
+  const std::string answer = Upper(ReadAnswer());
+  if (Interrupted()) throw Failure("interrupted: 0 files done", kStatusInterrupted);
+  if (answer != "Y" && answer != "YES") throw Failure("nothing was done");
+}
+
+size_t ForEachTarget(std::vector<Entry>& targets, bool quiet,
+                     const std::function<void(Entry&)>& act) {
+  const Progress progress(quiet);
+  const int total = static_cast<int>(targets.size());
+  int handled = 0;
+  bool cancel = false;
+  while (handled < total && !cancel) {
+    act(targets[static_cast<size_t>(total - 1 - handled)]);
+    int status = 0;
+    Progress::Report(handled, total, &status, &cancel);
+    ++handled;
+  }
+  return static_cast<size_t>(handled);
+}
+
+int SayInterrupted(size_t done, size_t files) {
+  Complain("interrupted: " + std::to_string(done) + " of " +
+           Counted(static_cast<int64_t>(files), "file") + " done");
+  return kStatusInterrupted;
+}
+
+}  // namespace flm::tool

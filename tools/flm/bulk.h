@@ -1,0 +1,47 @@
+// What protect, unprotect and rm have in common: which files, and whether the user means it.
+#ifndef FILELISTMANAGEMENT_TOOLS_BULK_H
+#define FILELISTMANAGEMENT_TOOLS_BULK_H
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "entries.h"
+
+namespace CLI {
+class App;
+}
+
+namespace flm::tool {
+
+struct BulkOptions {
+  CardOptions card;
+  std::vector<std::string> files;
+  bool all = false;
+  bool yes = false;
+  bool quiet = false;
+  bool dryRun = false;
+};
+
+void AddBulkOptions(CLI::App& command, BulkOptions& options);
+
+// The files that the options name, in list order.
+std::vector<Entry> BulkTargets(Card& card, const BulkOptions& options);
+
+// Asks on the terminal before more than one file is changed, unless the options say yes already.
+// `act` is a verb, as in "remove 3 files?". Throws Failure when the answer is no or nobody can be
+// asked.
+void Confirm(const BulkOptions& options, const std::string& act, size_t files);
+
+// Applies `act` to every file, from the last to the first so that indexes and folders of the files
+// still to come stay, with progress and until Ctrl-C. `act` prints nothing, since a bar may stand
+// on the terminal. The number of files handled, counted from the end of `targets`.
+size_t ForEachTarget(std::vector<Entry>& targets, bool quiet,
+                     const std::function<void(Entry&)>& act);
+
+// What to say after Ctrl-C; returns the status.
+int SayInterrupted(size_t done, size_t files);
+
+}  // namespace flm::tool
+
+#endif

@@ -1,0 +1,164 @@
+#include "card.h"
+
+#include <dirent.h>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <climits>
+#include <cstdlib>
+#include <filesystem>
+
+#include "api/CBIFileListManager.h"
+#include "dcf/dcf_path.h"
+#include "failure.h"
+#include "fsio/os_calls.h"
+#include "text.h"
+
+namespace flm::tool {
+namespace {
+
+constexpr int kListType = 4;  // stills, with the real names of their folders
+constexpr char kPreferenceVariable[] = "FLM_PREFERENCE_FILE";
+
+std::string CurrentFolder() {
+  char buffer[PATH_MAX];
+  return getcwd(buffer, sizeof(buffer)) == nullptr ? "" : buffer;
+}
+
+std::string WithoutTrailingSlashes(std::string path) {
+  while (path.size() > 1 && path.back() == '/') path.pop_back();
+  return path;
+}
+
+// The scan makes missing folders. A command that only looks must leave the card as it is.
+int RefuseToMakeFolder(const char* /*path*/, mode_t /*mode*/) {
+  errno = EROFS;
+  return -1;
+}
+
+bool CanRead(const char* folder) {
+  DIR* const dir = opendir(folder);
+  if (dir == nullptr) return false;
+  closedir(dir);
+  return true;
+}
+
+void RequireReadableFolder(const char* folder, const std::string& shown) {
+  struct stat status;
+  if (stat(folder, &status) != 0) throw Failure(WithReason("cannot open " + shown, errno));
+  if (!S_ISDIR(status.st_mode)) throw Failure(shown + " is not a folder");
+  if (!CanRead(folder)) throw Failure(WithReason("cannot read " + shown, errno));
+}
+
+// The store's file is named relative to where the user is, and the tool is about to leave.
+void KeepPreferenceFile(const std::string& outside) {
+  const char* const named = std::getenv(kPreferenceVariable);
+  if (named == nullptr || named[0] == '\0' || named[0] == '/') return;
+  setenv(kPreferenceVariable, (outside + "/" + named).c_str(), 1);
+}
+
+// What is left of `path` below `folder`; false when it does not lie there.
+bool Below(const std::string& folder, const std::string& path, std::string* rest) {
+  const std::string start = folder == "/" ? folder : folder + "/";
+  if (folder.empty() || !StartsWith(path, start)) return false;
+  *rest = path.substr(start.size());
+  return true;
+}
+
+// The real path of a file's folder with the file's own name: the file itself may be a link.
+std::string RealPath(const std::string& path) {
+  char buffer[PATH_MAX];
+  if (realpath(FolderOf(path).c_str(), buffer) == nullptr) return "";
+  return std::string(buffer) + "/" + BaseName(path);
+}
+
+std::string Normal(const std::string& path) {
+  return std::filesystem::path(path).lexically_normal().string();
+}
+
+}  // namespace
+
+bool Exists(const std::string& path) {
+  struct stat status;
+  return lstat(path.c_str(), &status) == 0;
+}
+
+bool IsFolder(const std::string& path) {
+  struct stat status;
+  return stat(path.c_str(), &status) == 0 && S_ISDIR(status.st_mode);
+}
+
+Card::Card(const CardOptions& options, Access access)
+    : root_(WithoutTrailingSlashes(options.root)), outside_(CurrentFolder()) {
+  Enter(access);
+  Scan(options, access);
+}
+
+Card::~Card() { CBIFileListManager::Destroy(); }
+
+void Card::Enter(Access access) {
+  if (root_.empty()) throw Failure("the name of the card's folder is empty", kStatusUsage);
+  const std::string shown = Printable(root_);
+  RequireReadableFolder(root_.c_str(), shown);
+  KeepPreferenceFile(outside_);
+  if (chdir(root_.c_str()) != 0) throw Failure(WithReason("cannot enter " + shown, errno));
+  inside_ = CurrentFolder();
+  hadTree_ = Exists(kStillTree);
+  hadMisc_ = Exists(kMiscFolder);
+  if (!hadTree_ && access != Access::kRecord) {
+    throw Failure(std::string("no ") + kStillTree + " folder in " + shown);
+  }
+  if (hadTree_) RequireReadableFolder(kStillTree, Shown(std::string("./") + kStillTree));
+}
+
+void Card::Scan(const CardOptions& options, Access access) {
+  std::string root = ".";
+  CBIFileListManager::Create(1);
+  CBIFileListManager::SetURIToFileList(0, Arg(root), kListType, false);
+  // The manager makes objects of this class only; some marks are declared by it and no interface.
+  list_ = static_cast<CQFileList*>(CBIFileListManager::GetFileList(Arg(root), kListType));
+  std::string prefix = options.prefix;
+  list_->SetFilePrefix(Arg(prefix));
+  list_->IncludeNonDCF(options.nonDcf);
+  if (access == Access::kLook) Os().Mkdir = RefuseToMakeFolder;
+  const int count = list_->Listup(0);
+  if (count < 0) {
+    CBIFileListManager::Destroy();
+    throw Failure("cannot read the files of " + Printable(root_));
+  }
+}
+
+std::string Card::UserPath(const std::string& libraryPath) const {
+  return (root_ == "/" ? "" : root_) + libraryPath.substr(1);
+}
+
+std::string Card::Shown(const std::string& libraryPath) const {
+  return Printable(UserPath(libraryPath));
+}
+
+std::string Card::FromOutside(const std::string& given) const {
+  return given.empty() || given[0] == '/' ? given : outside_ + "/" + given;
+}
+
+std::string Card::LibraryPath(const std::string& given) const {
+  const std::string path = Normal(given);
+  std::string rest;
+  const bool onCard = Below(Normal(root_), path, &rest) ||
+                      Below(Normal(FromOutside(root_)), path, &rest) ||
+                      (path[0] == '/' && Below(inside_, RealPath(path), &rest));
+  if (!onCard) {
+    if (path[0] == '/' || StartsWith(path, "..")) return "";
+    rest = path;
+  }
+  const std::string tree = std::string(kStillTree) + "/";
+  return StartsWith(rest, tree) ? "./" + rest : "./" + tree + rest;
+}
+
+void Card::RemoveNewEmptyFolders() const {
+  if (!hadMisc_) rmdir(kMiscFolder);
+  if (!hadTree_) rmdir(kStillTree);
+}
+
+}  // namespace flm::tool

@@ -1,0 +1,64 @@
+#include "naming.h"
+
+#include <CLI/CLI.hpp>
+
+#include "base/fixed_sizes.h"
+#include "failure.h"
+#include "prefix_check.h"
+#include "text.h"
+
+namespace flm::tool {
+
+const std::vector<Kind> kKinds = {{"jpg", 0}, {"srw", 1}, {"mp4", 2}, {"3gp", 3},
+                                  {"mp3", 4}, {"wav", 5}, {"mpo", 6}};
+
+const Kind* FindKind(const std::string& word) {
+  for (const Kind& kind : kKinds) {
+    if (Upper(kind.word) == Upper(word)) return &kind;
+  }
+  return nullptr;
+}
+
+void AddNamingOptions(CLI::App& command, NamingOptions& options) {
+  command.add_flag("--series", options.series,
+                   "Number on from the highest number ever used, on whichever card");
+  CLI::Option* const prefix =
+      command.add_option("--prefix", options.card.prefix, "The four characters before the number")
+          ->capture_default_str()
+          ->check(PrefixError, "PREFIX");
+  command.add_flag("--date-files", options.dateFiles, "Today's month and day as the prefix")
+      ->excludes(prefix);
+  command.add_flag("--date-folders", options.dateFolders,
+                   "Folders named after today (100_0315) instead of 100PHOTO");
+  command.add_flag("--3d", options.threeD, "Images are 3D: movies get the prefix S3D_");
+}
+
+void ApplyNaming(Card& card, const NamingOptions& options) {
+  CQFileList& list = card.List();
+  if (options.dateFiles) list.SetFileNameMake(FILE_NAME_MAKE_DATE);
+  if (options.dateFolders) list.SetFolderNameMake(FILE_NAME_MAKE_DATE);
+  if (options.threeD) list.SetImageType(FILELIST_IMAGE_3D);
+  // The list keeps this setting only after its scan.
+  if (options.series) list.SetSeriesMode(true);
+}
+
+void RequireRoom(Card& card) {
+  if (card.Count() >= kMaxFiles) {
+    throw Failure("the card holds " + std::to_string(card.Count()) +
+                  " files, and no more are listed");
+  }
+}
+
+std::string ReserveName(Card& card, const Kind& kind) {
+  RequireRoom(card);
+  char path[kNewNameSize] = {};
+  if (card.List().GetNewFileName(path, kind.number) < 0) {
+    throw Failure("no file number is left on the card");
+  }
+  const std::string folder = FolderOf(path);
+  // The list hands the name out even when the card refuses the folder.
+  if (!IsFolder(folder)) throw Failure("cannot make the folder " + card.Shown(folder));
+  return path;
+}
+
+}  // namespace flm::tool

@@ -1,0 +1,47 @@
+// How new files are named: shared by new, next and import.
+#ifndef FILELISTMANAGEMENT_TOOLS_NAMING_H
+#define FILELISTMANAGEMENT_TOOLS_NAMING_H
+
+#include <string>
+#include <vector>
+
+#include "card.h"
+
+namespace CLI {
+class App;
+}
+
+namespace flm::tool {
+
+struct NamingOptions {
+  CardOptions card;
+  bool series = false;
+  bool dateFiles = false;
+  bool dateFolders = false;
+  bool threeD = false;
+};
+
+struct Kind {
+  const char* word;  // as the user names it; in capitals the extension
+  int number;        // as the library takes it
+};
+
+extern const std::vector<Kind> kKinds;
+
+// The kind of that name or extension, in either case; null for another one.
+const Kind* FindKind(const std::string& word);
+
+void AddNamingOptions(CLI::App& command, NamingOptions& options);
+
+// Configures the list after its scan.
+void ApplyNaming(Card& card, const NamingOptions& options);
+
+// Reserves the next name and makes its folder. The library path of the new file. Throws Failure.
+std::string ReserveName(Card& card, const Kind& kind);
+
+// Throws Failure unless one more file may be named.
+void RequireRoom(Card& card);
+
+}  // namespace flm::tool
+
+#endif

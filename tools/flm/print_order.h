@@ -1,0 +1,34 @@
+// The card's print order, MISC/AUTPRINT.MRK. The scan has loaded it into the marks already.
+#ifndef FILELISTMANAGEMENT_TOOLS_PRINT_ORDER_H
+#define FILELISTMANAGEMENT_TOOLS_PRINT_ORDER_H
+
+#include <string>
+
+#include "card.h"
+
+namespace flm::tool {
+
+// Library paths.
+std::string PrintOrderPath();
+std::string NewPrintOrderPath();  // beside it, where a new one grows
+
+// Whether the card has one with something in it.
+bool HasPrintOrder();
+
+// The name of the device that made it, at most as much of it as the list keeps; "" for none.
+std::string PrintOrderCreator();
+
+// Takes every print mark away, in memory.
+void ClearPrintMarks(Card& card);
+
+// Writes the marks as the card's print order. They are written beside the old order, read back and
+// compared before they take its place; throws Failure, and the old order stays, when that fails.
+void SavePrintOrder(Card& card, std::string creator);
+
+// Whether the name can stand in a print order: at most 30 characters, no quotes, no line ends and
+// no other control characters. "" when it can, else what is wrong.
+std::string CreatorError(const std::string& creator);
+
+}  // namespace flm::tool
+
+#endif

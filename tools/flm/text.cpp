@@ -1,0 +1,176 @@
+// The only place that decides what of a foreign name reaches a terminal. UTF-8 is checked strictly
+// (no overlong forms, no surrogates, nothing above U+10FFFF), because the JSON writer refuses the
+// rest. Proven by tests/tool: names of any bytes are listed in every form.
+#include "text.h"
+
+#include <array>
+#include <cstring>
+
+#include "failure.h"
+
+namespace flm::tool {
+namespace {
+
+constexpr size_t kMaxSequence = 4;
+constexpr int kSizeStep = 1024;
+
+struct Character {
+  size_t length;  // bytes; 0 when the bytes are no UTF-8
+  uint32_t code;
+};
+
+struct Lead {
+  unsigned char mask;
+  unsigned char value;
+  size_t length;
+  uint32_t smallest;  // code points below this have a shorter form
+};
+
+constexpr Lead kLeads[] = {{0x80, 0x00, 1, 0},
+                           {0xE0, 0xC0, 2, 0x80},
+                           {0xF0, 0xE0, 3, 0x800},
+                           {0xF8, 0xF0, kMaxSequence, 0x10000}};
+
+bool IsValidCode(uint32_t code) { return code <= 0x10FFFF && (code < 0xD800 || code > 0xDFFF); }
+
+Character Decode(const std::string& text, size_t at) {
+  const auto first = static_cast<unsigned char>(text[at]);
+  for (const Lead& lead : kLeads) {
+    if ((first & lead.mask) != lead.value) continue;
+    if (text.size() - at < lead.length) return {0, 0};
+    uint32_t code = first & static_cast<unsigned char>(~lead.mask);
+    for (size_t i = 1; i < lead.length; ++i) {
+      const auto next = static_cast<unsigned char>(text[at + i]);
+      if ((next & 0xC0) != 0x80) return {0, 0};
+      code = (code << 6) | (next & 0x3FU);
+    }
+    if (code < lead.smallest || !IsValidCode(code)) return {0, 0};
+    return {lead.length, code};
+  }
+  return {0, 0};
+}
+
+bool IsControl(uint32_t code) { return code < 0x20 || (code >= 0x7F && code < 0xA0); }
+
+// Line and paragraph separators and the marks that turn the direction of writing.
+bool IsLayout(uint32_t code) {
+  return (code >= 0x200E && code <= 0x200F) || (code >= 0x2028 && code <= 0x202E) ||
+         (code >= 0x2066 && code <= 0x2069);
+}
+
+void AppendEscaped(std::string& out, const std::string& raw, size_t at, size_t length) {
+  constexpr char kDigits[] = "0123456789ABCDEF";
+  for (size_t i = at; i < at + length; ++i) {
+    const auto byte = static_cast<unsigned char>(raw[i]);
+    out += "\\x";
+    out += kDigits[byte >> 4];
+    out += kDigits[byte & 0xF];
+  }
+}
+
+std::string Escape(const std::string& raw, bool escapeControls) {
+  std::string out;
+  for (size_t at = 0; at < raw.size();) {
+    const Character character = Decode(raw, at);
+    const size_t length = character.length == 0 ? 1 : character.length;
+    const bool hidden = IsControl(character.code) || IsLayout(character.code);
+    if (character.length == 0 || (escapeControls && hidden)) {
+      AppendEscaped(out, raw, at, length);
+    } else {
+      out.append(raw, at, length);
+    }
+    at += length;
+  }
+  return out;
+}
+
+std::string FormatTime(std::time_t time, const char* format) {
+  std::tm parts = {};
+  if (localtime_r(&time, &parts) == nullptr) return "?";
+  std::array<char, 64> text = {};
+  const size_t length = std::strftime(text.data(), text.size(), format, &parts);
+  return std::string(text.data(), length);
+}
+
+}  // namespace
+
+std::string WithReason(const std::string& what, int error) {
+  return what + ": " + std::strerror(error);
+}
+
+std::string Printable(const std::string& raw) { return Escape(raw, true); }
+
+std::string JsonText(const std::string& raw) { return Escape(raw, false); }
+
+size_t DisplayWidth(const std::string& printable) {
+  size_t width = 0;
+  for (const char c : printable) {
+    if ((static_cast<unsigned char>(c) & 0xC0) != 0x80) ++width;
+  }
+  return width;
+}
+
+// Rounded up, so that no file ever looks smaller than the room it needs.
+std::string HumanSize(int64_t bytes) {
+  if (bytes < kSizeStep) return std::to_string(bytes);
+  constexpr char kUnits[] = "KMGTPE";
+  int64_t divisor = kSizeStep;
+  size_t unit = 0;
+  while (bytes / divisor >= kSizeStep && unit + 1 < sizeof(kUnits) - 1) {
+    divisor *= kSizeStep;
+    ++unit;
+  }
+  int64_t whole = bytes / divisor;
+  int64_t tenths = ((bytes % divisor) * 10 + divisor - 1) / divisor;
+  if (tenths == 10) {
+    ++whole;
+    tenths = 0;
+  }
+  return std::to_string(whole) + "." + std::to_string(tenths) + kUnits[unit];
+}
+
+std::string LocalTime(std::time_t time) { return FormatTime(time, "%Y-%m-%d %H:%M:%S"); }
+
+std::string IsoTime(std::time_t time) {
+  std::string text = FormatTime(time, "%Y-%m-%dT%H:%M:%S%z");
+  constexpr size_t kZoneMinutes = 2;
+  if (text.size() > kZoneMinutes) text.insert(text.size() - kZoneMinutes, ":");
+  return text;
+}
+
+std::string Padded(int number, int width) {
+  const std::string digits = std::to_string(number);
+  const auto wanted = static_cast<size_t>(width);
+  return digits.size() >= wanted ? digits : std::string(wanted - digits.size(), '0') + digits;
+}
+
+std::string Upper(std::string text) {
+  for (char& c : text) {
+    if (c >= 'a' && c <= 'z') c = static_cast<char>(c - 'a' + 'A');
+  }
+  return text;
+}
+
+std::string Counted(int64_t count, const std::string& word) {
+  return std::to_string(count) + " " + word + (count == 1 ? "" : "s");
+}
+
+std::string BaseName(const std::string& path) {
+  const size_t slash = path.rfind('/');
+  return slash == std::string::npos ? path : path.substr(slash + 1);
+}
+
+std::string FolderOf(const std::string& path) {
+  const size_t slash = path.rfind('/');
+  return slash == std::string::npos ? "." : path.substr(0, slash);
+}
+
+bool StartsWith(const std::string& text, const std::string& start) {
+  return text.compare(0, start.size(), start) == 0;
+}
+
+bool IsNumber(const std::string& text) {
+  return !text.empty() && text.find_first_not_of("0123456789") == std::string::npos;
+}
+
+}  // namespace flm::tool
