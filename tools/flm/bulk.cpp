@@ -63,7 +63,7 @@ size_t ForEachTarget(std::vector<Entry>& targets, bool quiet,
   int handled = 0;
   bool cancel = false;
   while (handled < total && !cancel) {
-    act(targets[static_cast<size_t>(total - 1 - handled)]);
+    act(targets[static_cast<size_t>(handled)]);
     int status = 0;
     Progress::Report(handled, total, &status, &cancel);
     ++handled;

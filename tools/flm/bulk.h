@@ -33,9 +33,9 @@ std::vector<Entry> BulkTargets(Card& card, const BulkOptions& options);
 // asked.
 void Confirm(const BulkOptions& options, const std::string& act, size_t files);
 
-// Applies `act` to every file, from the last to the first so that indexes and folders of the files
-// still to come stay, with progress and until Ctrl-C. `act` prints nothing, since a bar may stand
-// on the terminal. The number of files handled, counted from the end of `targets`.
+// Applies `act` to every file, from the first to the last so that folders are emptied before the
+// newest one, with progress and until Ctrl-C. `act` prints nothing, since a bar may stand on the
+// terminal. The number of files handled.
 size_t ForEachTarget(std::vector<Entry>& targets, bool quiet,
                      const std::function<void(Entry&)>& act);
 

@@ -105,8 +105,9 @@ int RunNext(const NameOptions& options) {
   if (next.folder > kLastDirNumber) throw Failure("no file number is left on the card");
   const std::string name =
       NextPrefix(options.naming, kind) + Padded(next.file, 4) + "." + Upper(kind.word);
-  PrintLine(card.Shown(std::string("./") + kStillTree + "/" + Padded(next.folder, 3) + suffix +
-                       "/" + name));
+  const std::string folder = std::string("./") + kStillTree + "/" + Padded(next.folder, 3) + suffix;
+  RequireFree(card, folder + "/" + name);
+  PrintLine(card.Shown(folder + "/" + name));
   return kStatusDone;
 }
 

@@ -21,7 +21,7 @@ const Kind* FindKind(const std::string& word) {
 
 void AddNamingOptions(CLI::App& command, NamingOptions& options) {
   command.add_flag("--series", options.series,
-                   "Number on from the highest number ever used, on whichever card");
+                   "Number on from the last number given out on any card, when it is higher");
   CLI::Option* const prefix =
       command.add_option("--prefix", options.card.prefix, "The four characters before the number")
           ->capture_default_str()
@@ -49,6 +49,10 @@ void RequireRoom(Card& card) {
   }
 }
 
+void RequireFree(const Card& card, const std::string& path) {
+  if (Exists(path)) throw Failure(card.Shown(path) + " is the next name, but it is there already");
+}
+
 std::string ReserveName(Card& card, const Kind& kind) {
   RequireRoom(card);
   char path[kNewNameSize] = {};
@@ -58,6 +62,7 @@ std::string ReserveName(Card& card, const Kind& kind) {
   const std::string folder = FolderOf(path);
   // The list hands the name out even when the card refuses the folder.
   if (!IsFolder(folder)) throw Failure("cannot make the folder " + card.Shown(folder));
+  RequireFree(card, path);
   return path;
 }
 

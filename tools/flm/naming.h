@@ -42,6 +42,10 @@ std::string ReserveName(Card& card, const Kind& kind);
 // Throws Failure unless one more file may be named.
 void RequireRoom(Card& card);
 
+// Throws Failure when the next name is that of a file already. With two folders of one number the
+// numbering follows the files of one and the name may fall into the other.
+void RequireFree(const Card& card, const std::string& path);
+
 }  // namespace flm::tool
 
 #endif

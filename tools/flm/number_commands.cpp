@@ -108,7 +108,7 @@ void AddSetting(CLI::App& command, NumberOptions& options) {
 void AddSeriesCommands(CLI::App& app, Action& action,
                        const std::shared_ptr<NumberOptions>& options) {
   CLI::App& series =
-      *app.add_subcommand("series", "The highest number used on any card, kept on this machine");
+      *app.add_subcommand("series", "The last number given out on any card, kept on this machine");
   series.require_subcommand(1);
   CLI::App& show = *series.add_subcommand("show", "Print it, or \"none\"");
   show.callback([&action] { action = RunSeriesShow; });
@@ -123,7 +123,8 @@ void AddNumberCommands(CLI::App& app, Action& action) {
   const auto options = std::make_shared<NumberOptions>();
   CLI::App& last = *app.add_subcommand("last", "Print the number of the newest file");
   AddRoot(last, options->card.root);
-  last.add_flag("--series", options->series, "Or the highest number used on any card, when higher");
+  last.add_flag("--series", options->series,
+                "Or the last number given out on any card, when higher");
   last.callback([options, &action] { action = [options] { return RunLast(*options); }; });
 
   CLI::App& setLast = *app.add_subcommand("set-last", "Set the number that numbering goes on from");

@@ -62,7 +62,7 @@ int RunProtect(const BulkOptions& options, bool on) {
   const size_t handled = ForEachTarget(
       targets, options.quiet, [&](Entry& entry) { card.List().SetProtect(&entry.item, on); });
   size_t done = 0;
-  for (size_t i = targets.size() - handled; i < targets.size(); ++i) {
+  for (size_t i = 0; i < handled; ++i) {
     if (Tell(card, targets[i], on, options.quiet)) ++done;
   }
   if (handled < targets.size()) return SayInterrupted(done, targets.size());

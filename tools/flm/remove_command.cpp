@@ -120,7 +120,7 @@ int RunRemoveSome(Card& card, const RemoveOptions& options, std::vector<Entry>& 
     card.List().Delete(&entry.item, options.force, false);
   });
   Outcome outcome(card, options);
-  for (size_t i = targets.size() - handled; i < targets.size(); ++i) outcome.Tell(targets[i]);
+  for (size_t i = 0; i < handled; ++i) outcome.Tell(targets[i]);
   if (outcome.Removed() > 0 && HasPrintOrder()) SavePrintOrder(card, PrintOrderCreator());
   return handled == targets.size() ? outcome.Status()
                                    : SayInterrupted(outcome.Removed(), targets.size());

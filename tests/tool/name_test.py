@@ -1,0 +1,179 @@
+#!/usr/bin/env python3
+"""Naming new files: new, next, import, last, set-last, avail, series."""
+import datetime
+import os
+import resource
+import signal
+import sys
+import unittest
+
+sys.dont_write_bytecode = True  # Keeps the source tree clean.
+from toolcase import DONE, FAILED, USAGE, ToolTest
+
+
+class NewTest(ToolTest):
+    def test_an_empty_folder_becomes_a_card(self):
+        self.assertEqual(self.lines("new", "card", "jpg"), ["card/DCIM/100PHOTO/QVX_0001.JPG"])
+        self.assertIn("DCIM/100PHOTO", self.tree())
+        self.assertNotIn("DCIM/100PHOTO/QVX_0001.JPG", self.tree())
+
+    def test_every_kind_has_its_extension(self):
+        self.make_pictures("100PHOTO", 7)
+        for kind in ("jpg", "srw", "mp4", "3gp", "mp3", "wav", "mpo"):
+            self.assertEqual(self.lines("new", "card", kind),
+                             [f"card/DCIM/100PHOTO/QVX_0008.{kind.upper()}"])
+
+    def test_next_gives_what_new_gives_and_makes_nothing(self):
+        self.make_folder("DCIM")
+        cards = ([], ["DCIM/100PHOTO/QVX_0012.JPG"], ["DCIM/100PHOTO/QVX_9999.JPG"],
+                 ["DCIM/105ABCDE/QVX_0012.JPG"], ["DCIM/999PHOTO/QVX_0001.JPG"],
+                 ["DCIM/CAMERA/party at the lake.jpg"])
+        wishes = (["jpg"], ["mp4", "--3d"], ["jpg", "--date-files"], ["mp4", "--3d", "--date-files"],
+                  ["jpg", "--date-folders"], ["jpg", "--prefix", "ABCD"], ["jpg", "--series"])
+        for files in cards:
+            for path in files:
+                self.make_file(path)
+            for wish in wishes:
+                before = self.snapshot()
+                status = DONE
+                if "DCIM/999PHOTO" in self.tree() and "--date-folders" in wish:
+                    status = FAILED
+                expected = self.run_tool("next", "card", *wish, expect=status)
+                self.assertEqual(self.snapshot(), before)
+                given = self.run_tool("new", "card", *wish, expect=status)
+                self.assertEqual((given.stdout, given.stderr), (expected.stdout, expected.stderr))
+                for folder in sorted((self.root / "DCIM").iterdir()):
+                    if not list(folder.iterdir()):
+                        folder.rmdir()
+
+    def test_names_of_the_day(self):
+        self.make_folder("DCIM")
+        now = datetime.datetime.now(datetime.timezone(datetime.timedelta(hours=1)))
+        day = now.strftime("%m%d")
+        self.assertIn(self.lines("next", "card", "--date-files", "--date-folders")[0],
+                      f"card/DCIM/100_{day}/{day}0001.JPG")
+
+    def test_the_last_number_of_all_is_the_end(self):
+        self.make_file("DCIM/999PHOTO/QVX_9999.JPG")
+        for command in (("new", "card", "jpg"), ("next", "card")):
+            self.assertEqual(self.complaint(*command), "no file number is left on the card")
+
+    def test_next_refuses_a_folder_that_is_no_card(self):
+        self.complaint("next", "card")
+        self.assertEqual(self.tree(), [])
+
+    def test_wrong_options(self):
+        self.make_folder("DCIM")
+        for wrong in (["gif"], ["jpg", "--prefix", "abc"], ["jpg", "--prefix", "abcd"],
+                      ["jpg", "--prefix", "ABCD", "--date-files"]):
+            self.complaint("new", "card", *wrong, expect=USAGE)
+
+
+class NumberTest(ToolTest):
+    def setUp(self):
+        super().setUp()
+        self.make_pictures("102PHOTO", 20)
+
+    def test_last_and_avail(self):
+        self.assertEqual(self.lines("last", "card"), ["102/0020"])
+        self.assertEqual(self.lines("avail", "card"), ["1000"])
+        self.make_pictures("999PHOTO", 9990)
+        self.assertEqual(self.lines("avail", "card"), ["9"])
+
+    def test_a_set_number_is_followed_in_series_mode(self):
+        self.assertEqual(self.lines("series", "show"), ["none"])
+        self.assertEqual(self.lines("set-last", "card", "105/0300"), ["102/0020 -> 105/0300"])
+        self.assertEqual(self.lines("series", "show"), ["105/0300"])
+        self.assertEqual(self.lines("last", "card", "--series"), ["105/0300"])
+        self.assertEqual(self.lines("next", "card", "--series"), ["card/DCIM/105PHOTO/QVX_0301.JPG"])
+        self.assertEqual(self.lines("next", "card"), ["card/DCIM/102PHOTO/QVX_0021.JPG"])
+
+    def test_a_lower_number_needs_force(self):
+        self.assertEqual(self.complaint("set-last", "card", "102/0019"),
+                         "102/0019 is not above 102/0020; --force sets it all the same")
+        self.assertEqual(self.lines("series", "show"), ["none"])
+        self.run_tool("set-last", "card", "102/0019", "--force")
+        self.assertEqual(self.lines("series", "show"), ["102/0019"])
+        self.complaint("series", "set", "100/0001")
+        self.run_tool("series", "set", "100/0001", "--force")
+        self.assertEqual(self.lines("series", "show"), ["100/0001"])
+
+    def test_a_dry_run_stores_nothing(self):
+        self.run_tool("set-last", "card", "105/0300", "--dry-run")
+        self.run_tool("series", "set", "105/0300", "--dry-run")
+        self.assertEqual(self.lines("series", "show"), ["none"])
+
+    def test_numbers_that_are_none(self):
+        for wrong in ("99/0001", "1000/0001", "105", "105/", "105/10000", "a/b", "105/-1", "999/9999"):
+            self.complaint("set-last", "card", wrong, expect=USAGE)
+
+    def test_the_store_is_found_where_the_user_was(self):
+        self.env["FLM_PREFERENCE_FILE"] = "relative"
+        self.run_tool("set-last", "card", "105/0300")
+        self.assertTrue((self.outside / "relative").is_file())
+        self.assertFalse((self.root / "relative").exists())
+
+
+class ImportTest(ToolTest):
+    def source(self, name, content):
+        path = self.outside / name
+        path.write_bytes(content)
+        os.utime(path, (1700000000, 1700000000))
+        return name
+
+    def test_copies_get_the_next_numbers_and_keep_their_times(self):
+        self.make_pictures("100PHOTO", 4)
+        first = self.source("holiday.jpeg", b"picture")
+        second = self.source("song.Mp3", b"s" * 300000)
+        self.assertEqual(self.lines("import", "card", first, second),
+                         ["card/DCIM/100PHOTO/QVX_0005.JPG", "card/DCIM/100PHOTO/QVX_0006.MP3"])
+        files = self.json("ls", "--json", "card")[1:]
+        self.assertEqual([(file["size"], file["mtime_seconds"]) for file in files],
+                         [(7, 1700000000), (300000, 1700000000)])
+        self.assertEqual((self.root / "DCIM/100PHOTO/QVX_0006.MP3").read_bytes(), b"s" * 300000)
+
+    def test_a_file_that_cannot_be_had_leaves_nothing(self):
+        os.mkfifo(self.outside / "pipe.jpg")
+        (self.outside / "folder.jpg").mkdir()
+        for name, reason in (("missing.jpg", "cannot open missing.jpg: No such file or directory"),
+                             ("pipe.jpg", "pipe.jpg is not a file"),
+                             ("folder.jpg", "folder.jpg is not a file")):
+            self.assertEqual(self.complaint("import", "card", name), reason)
+            self.assertEqual(self.tree(), [])
+        self.assertIn("no extension", self.complaint("import", "card", self.source("a.txt", b"")))
+        self.assertEqual(self.tree(), [])
+
+    def limited(self):
+        """No file may grow beyond 64 KiB, as if the card were full."""
+        signal.signal(signal.SIGXFSZ, signal.SIG_IGN)
+        resource.setrlimit(resource.RLIMIT_FSIZE, (65536, 65536))
+
+    def test_a_full_card_keeps_no_half_file_and_no_empty_new_folder(self):
+        small = self.source("small.jpg", b"x")
+        large = self.source("large.jpg", b"x" * 200000)
+        self.complaint("import", "card", large, preexec_fn=self.limited)
+        self.assertEqual(self.tree(), [])
+        self.make_file("DCIM/100PHOTO/QVX_9999.JPG")
+        self.make_folder("MISC")
+        before = self.tree()
+        message = self.complaint("import", "card", large, preexec_fn=self.limited)
+        self.assertEqual(message, "cannot write card/DCIM/101PHOTO/QVX_0001.JPG: File too large")
+        self.assertEqual(self.tree(), before)
+        done = self.run_tool("import", "card", small, large, expect=FAILED, preexec_fn=self.limited)
+        self.assertEqual(done.stdout, b"card/DCIM/101PHOTO/QVX_0001.JPG\n")
+        self.assertEqual(self.tree(), sorted(before + ["DCIM/101PHOTO", "DCIM/101PHOTO/QVX_0001.JPG"]))
+
+    def test_a_file_in_the_way_is_not_replaced(self):
+        now = datetime.datetime.now(datetime.timezone(datetime.timedelta(hours=1)))
+        folder = now.strftime("101_%m%d")
+        self.make_pictures("101PHOTO", 1)
+        self.make_file(f"DCIM/{folder}/QVX_0002.JPG", b"old")
+        reason = f"card/DCIM/{folder}/QVX_0002.JPG is the next name, but it is there already"
+        for command in (("import", "card", self.source("a.jpg", b"new")), ("new", "card", "jpg"),
+                        ("next", "card")):
+            self.assertEqual(self.complaint(*command, "--date-folders"), reason)
+        self.assertEqual((self.root / f"DCIM/{folder}/QVX_0002.JPG").read_bytes(), b"old")
+
+
+if __name__ == "__main__":
+    unittest.main()
