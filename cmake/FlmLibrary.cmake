@@ -1,6 +1,45 @@
 # The library: compiled once, linked as a shared object and as an archive.
-file(GLOB flm_sources CONFIGURE_DEPENDS RELATIVE "${PROJECT_SOURCE_DIR}"
-     api/*.cpp base/*.cpp dcf/*.cpp dpof/*.cpp filelist/*.cpp fsio/*.cpp)
+set(flm_sources
+    api/CBIFileListManager.cpp
+    api/flm.cpp
+    base/bounded_text.cpp
+    base/file_list_item.cpp
+    dcf/CQDCFDir.cpp
+    dcf/CQDCFDir_item.cpp
+    dcf/CQDCFDir_lookup.cpp
+    dcf/CQDCFDir_scan.cpp
+    dcf/CQDCFItem.cpp
+    dcf/CQDCFItemList.cpp
+    dcf/CQDCFList.cpp
+    dcf/CQDCFList_change.cpp
+    dcf/CQDCFList_lookup.cpp
+    dcf/CQDCFList_marks.cpp
+    dcf/CQDCFList_numbering.cpp
+    dcf/CQDCFList_path.cpp
+    dcf/CQDCFList_scan.cpp
+    dcf/CQDCFList_walk.cpp
+    dcf/CQDCFMemManager.cpp
+    dcf/DCFItem.cpp
+    dcf/dcf_name.cpp
+    dcf/dcf_path.cpp
+    dpof/CQDPOF.cpp
+    dpof/CQDPOF_load.cpp
+    dpof/CQFileReader.cpp
+    dpof/dpof_types.cpp
+    filelist/CQFileList.cpp
+    filelist/CQFileList_bulk.cpp
+    filelist/CQFileList_cursor.cpp
+    filelist/CQFileList_delete.cpp
+    filelist/CQFileList_files.cpp
+    filelist/CQFileList_marks.cpp
+    filelist/CQFileList_names.cpp
+    filelist/CQFileList_pages.cpp
+    filelist/CQFileList_print.cpp
+    filelist/interfaces.cpp
+    fsio/PCQDCFFSIO.cpp
+    fsio/PCQDCFFSIO_change.cpp
+    fsio/PCQDCFFSIO_status.cpp
+    fsio/os_calls.cpp)
 
 # An object file of its own: in the archive it gives way to a program's own two functions.
 if(FLM_PREFERENCE STREQUAL "file")
