@@ -59,6 +59,8 @@ BoundedText& BoundedText::Number(int value, int minWidth) {
 }
 
 bool CopyText(char* out, int size, const char* text) {
+  // A caller may hand a record's own path back to the record: what is there already stays.
+  if (out == text) return BoundedLength(text, size) < size;
   return !BoundedText(out, size).Text(text).Cut();
 }
 

@@ -1,7 +1,7 @@
 // Reading a folder: which names belong to the catalogue, and which of them are companions that join
 // the item of their number instead of becoming one. Companions wait until the main files are known;
 // the buffer for them is allocated once, and when it is full each further one is joined at once.
-// Proven by dcf_dir_scan_test.
+// Proven by dir_scan_test.
 #include <cstdlib>
 #include <memory>
 #include <new>
@@ -89,7 +89,7 @@ void CQDCFDir::ScanEntries(Scan& scan) {
   while (scan.reader->Read(&entry) >= 0) {
     if (!TakeEntry(scan, entry.name)) continue;
     ++scan.running;
-    if (scan.catalogueItems + scan.added >= flm::kMaxFiles) return;
+    if (static_cast<int64_t>(scan.catalogueItems) + scan.added >= flm::kMaxFiles) return;
   }
 }
 

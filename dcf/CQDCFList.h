@@ -134,7 +134,7 @@ class CQDCFList {
   int GetNumToIndex(int dirNumber, int fileNumber);
   int GetURIToKey(const char* path);
   // Reads a folder name from the text already in out and writes a path there, with the slot in the
-  // place of the file number. 0; -4 no such slot, -1 no table, -2 nothing read, -3 free slot.
+  // place of the file number. 0; -4 no such slot (or no table), -2 nothing read, -3 free slot.
   int GetKeyToURI(int key, char* out, int outSize);
   int GetListIndex(const char* path);   // position from 0; -1 not found
   DCFItem* FindItem(const char* path);  // by directory number, file number and free characters

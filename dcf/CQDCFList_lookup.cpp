@@ -25,7 +25,6 @@ constexpr int kFileNotFound = -300;
 
 constexpr int kKeyFreeSlot = -3;
 constexpr int kKeyNoItems = -2;
-constexpr int kKeyNoTable = -1;
 constexpr int kKeyNoSlot = -4;
 
 constexpr int kOtherType = -2;
@@ -107,7 +106,6 @@ int CQDCFList::GetURIToKey(const char* path) {
 int CQDCFList::GetKeyToURI(int key, char* out, int outSize) {
   const int slot = GetDidx(key / flm::kFileIndexBase, out);
   if (slot < 0) return kKeyNoSlot;
-  if (dirTable_ == nullptr) return kKeyNoTable;
   const CQDCFDir& dir = dirTable_[slot];
   if (dir.IsEmpty() != 0) return kKeyNoItems;
   if (dir.GetDnum() < 0) return kKeyFreeSlot;

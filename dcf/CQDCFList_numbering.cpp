@@ -87,7 +87,8 @@ int CQDCFList::SetLastIndex(const char* path, bool force) {
 
 int CQDCFList::GetNewFileName(const char* prefix, const char* ext, char* out, int outSize,
                               bool noSeries, const char* dirSuffix) {
-  if (itemCount_ >= flm::kMaxFiles) return -1;
+  if (prefix == nullptr || ext == nullptr || out == nullptr || dirSuffix == nullptr) return -1;
+  if (dirTable_ == nullptr || !HasRoot() || itemCount_ >= flm::kMaxFiles) return -1;
   if (!noSeries) UpdateLastIndexWithSeriesValue();
   int index = GetNewFileIndex(prefix, ext, out, outSize, dirSuffix);
   if (index < 0) return index;

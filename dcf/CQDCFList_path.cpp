@@ -1,5 +1,5 @@
 // The paths of files and of their companions, in the three spellings that the modes ask for.
-// Proven by dcf_list_path_test.
+// Proven by list_path_test.
 #include "base/bounded_text.h"
 #include "dcf/CQDCFList.h"
 #include "dcf/dcf_name.h"

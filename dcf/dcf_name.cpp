@@ -1,4 +1,5 @@
-// Tested by dcf_name_test (tables of what is accepted and what nearly is) and by the name fuzzer.
+// Tested by name_check_test and name_path_test (tables of what is accepted and what nearly is) and
+// by the name fuzzer.
 #include "dcf/dcf_name.h"
 
 #include <cstring>

@@ -1,4 +1,4 @@
-// Tested by dcf_path_test: every shape, every size and the odd numbers, compared with snprintf.
+// Tested by path_shapes_test: every shape, every size and the odd numbers, compared with snprintf.
 #include "dcf/dcf_path.h"
 
 namespace flm {

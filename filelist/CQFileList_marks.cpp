@@ -92,8 +92,7 @@ int CQFileList::LastMarked(const MarkKind& kind, CQFileListItem* item) {
   return result;
 }
 
-// --- Selection and wifi
-// ---------------------------------------------------------------------------
+// --- Selection and wifi ---
 int CQFileList::SetSel(CQFileListItem* item, bool on) { return SetMark(kSelected, item, on); }
 int CQFileList::SetSelAll(bool on) { return SetMarkAll(kSelected, on); }
 bool CQFileList::IsSel(CQFileListItem* item) { return HasMark(kSelected, item); }
@@ -105,8 +104,7 @@ int CQFileList::GetSelLast(CQFileListItem* item) { return LastMarked(kSelected, 
 int CQFileList::SetWifiFlag(CQFileListItem* item, bool on) { return SetMark(kWifi, item, on); }
 bool CQFileList::IsWifiFlag(CQFileListItem* item) { return HasMark(kWifi, item); }
 
-// --- Voice memos and continuous captures: one mark, two names
-// -------------------------------------
+// --- Voice memos and continuous captures: one mark, two names ---
 int CQFileList::SetVoiceRec(CQFileListItem* item, bool on) {
   return SetMark(kVoiceRecCons, item, on);
 }
@@ -128,8 +126,7 @@ int CQFileList::GetConsNext(CQFileListItem* item) { return NextMarked(kVoiceRecC
 int CQFileList::GetConsPrev(CQFileListItem* item) { return PrevMarked(kVoiceRecCons, item); }
 int CQFileList::GetConsLast(CQFileListItem* item) { return LastMarked(kVoiceRecCons, item); }
 
-// --- Protection
-// -----------------------------------------------------------------------------------
+// --- Protection ---
 bool CQFileList::IsProtect(CQFileListItem* item) {
   return !NamesNoFile(item) && PCQDCFFSIO::IsProtect(item->filePath) != 0;
 }
