@@ -60,7 +60,11 @@ BoundedText& BoundedText::Number(int value, int minWidth) {
 
 bool CopyText(char* out, int size, const char* text) {
   // A caller may hand a record's own path back to the record: what is there already stays.
-  if (out == text) return BoundedLength(text, size) < size;
+  if (out == text) {
+    const bool whole = BoundedLength(text, size) < size;
+    if (!whole && size > 0) out[size - 1] = '\0';
+    return whole;
+  }
   return !BoundedText(out, size).Text(text).Cut();
 }
 

@@ -29,8 +29,8 @@ class BoundedText {
   bool cut_ = false;
 };
 
-// Copies `text` into `out` of `size` bytes, cut and terminated; false when it was cut. Copying a text
-// onto itself leaves it as it is.
+// Copies `text` into `out` of `size` bytes, cut and terminated; false when it was cut. Copying a
+// text onto itself leaves it as it is.
 bool CopyText(char* out, int size, const char* text);
 
 // Length of `text`, looking at no more than `limit` bytes.

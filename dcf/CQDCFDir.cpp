@@ -78,6 +78,7 @@ int CQDCFDir::GetCountVariable() const { return items_ == nullptr ? 0 : items_->
 
 DCFItem* CQDCFDir::AddFile(DCFItem* item, int fileNumber, const char* name, int* added,
                            unsigned int time) {
+  if (name == nullptr) return nullptr;
   if (item == nullptr) {
     item = AddItem();
     if (added != nullptr) ++*added;

@@ -2,7 +2,7 @@
 // the item of their number instead of becoming one. Companions wait until the main files are known;
 // the buffer for them is allocated once, and when it is full each further one is joined at once.
 // Proven by dir_scan_test.
-#include <cstdlib>
+#include <cstdint>
 #include <memory>
 #include <new>
 
@@ -25,12 +25,6 @@ constexpr int kPatternSize = 16;
 constexpr int kModeHdMovies = 10;
 constexpr int kModeSdMovies = 20;
 
-struct FreeDeleter {
-  void operator()(void* memory) const { std::free(memory); }
-};
-template <typename T>
-using Buffer = std::unique_ptr<T, FreeDeleter>;
-
 // The reader lists every name whatever the pattern says; it is handed on for readers that select.
 const char* PatternOf(int mode) {
   switch (mode) {
@@ -49,8 +43,8 @@ const char* PatternOf(int mode) {
 
 struct CQDCFDir::Scan {
   std::unique_ptr<PCQDCFFSIO> reader;
-  Buffer<char> names;           // deferred companions, 12 bytes each
-  Buffer<unsigned char> times;  // their times, 4 bytes each
+  std::unique_ptr<char[]> names;           // deferred companions, 12 bytes each
+  std::unique_ptr<unsigned char[]> times;  // their times, 4 bytes each
   int deferred = 0;
   char folder[flm::kFolderPathSize];
   bool camera = false;
@@ -63,7 +57,7 @@ int CQDCFDir::Listup(const char* baseURI, int mode, int /*dirNumber*/, int catal
   sorted_ = false;
   listedUp_ = false;
   FreeMem();
-  GetMem();
+  if (GetMem() < 0) return kNoBuffer;
   Scan scan;
   scan.catalogueItems = catalogueItems;
   scan.camera = flm::IsCameraName(dirName_);
@@ -73,9 +67,9 @@ int CQDCFDir::Listup(const char* baseURI, int mode, int /*dirNumber*/, int catal
   flm::CopyText(pattern, sizeof(pattern), PatternOf(mode));
   scan.reader.reset(new (std::nothrow) PCQDCFFSIO(scan.folder, pattern));
   if (scan.reader == nullptr) return kNoReader;
-  scan.names.reset(static_cast<char*>(std::malloc(kDeferredBufferSize)));
+  scan.names.reset(new (std::nothrow) char[kDeferredBufferSize]);
   if (scan.names == nullptr) return kNoBuffer;
-  scan.times.reset(static_cast<unsigned char*>(std::malloc(kDeferredBufferSize)));
+  scan.times.reset(new (std::nothrow) unsigned char[kDeferredBufferSize]);
   if (scan.times == nullptr) return kNoBuffer;
   ScanEntries(scan);
   JoinDeferred(scan);

@@ -145,10 +145,10 @@ TEST_F(LoadedPrintOrder, OneOrTwoLineEndCharactersAreTakenOff) {
 TEST_F(LoadedPrintOrder, AValueOf127CharactersIsReadAndALongerOneEndsTheLoad) {
   const std::string start = std::string("PRT TYP=STD|PRT QTY=2|") + kSourceOne;
   const std::string behind = std::string("|PRT TYP=STD|") + kSourceTwo;
-  EXPECT_EQ(0, LoadLines(start + "PRT XXX=" + std::string(127, 'v') + behind));
+  EXPECT_EQ(0, LoadLines(start + "PRT ZZZ=" + std::string(127, 'v') + behind));
   EXPECT_EQ(2, Copies(kTwo));
   ClearMarks();
-  EXPECT_EQ(-1, LoadLines(start + "PRT XXX=" + std::string(128, 'v') + behind));
+  EXPECT_EQ(-1, LoadLines(start + "PRT ZZZ=" + std::string(128, 'v') + behind));
   EXPECT_EQ(2, Copies(kOne));
   EXPECT_EQ(0, Copies(kTwo));
 }
