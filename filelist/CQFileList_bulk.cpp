@@ -1,6 +1,6 @@
 // Protection and print marks of many files: one walk from the last file to the first, which each
 // operation supplies with a filter, an action and the rule for its result.
-#include "filelist/CQFileList.h"
+#include "filelist/CQFileList_internal.h"
 
 // What tells the four operations apart.
 struct CQFileList::BulkWalk {
@@ -13,7 +13,6 @@ struct CQFileList::BulkWalk {
 
 namespace {
 
-constexpr int kCancelled = 10000;
 constexpr int kWalkFailed = -20000;  // minus the code that is reported
 
 int Protect(CQFileList& list, CQFileListItem* item, bool on) { return list.SetProtect(item, on); }
@@ -46,7 +45,7 @@ int CQFileList::WalkBackwards(const BulkWalk& walk, ProgressCallback callback) {
       callback(walk.selectedOnly ? handled : i, walk.selectedOnly ? selected : GetCount(), &status,
                &cancel);
     }
-    if (cancel) return kCancelled;
+    if (cancel) return flm::kBulkCancelled;
     ++handled;
   }
   return walk.returnsLast ? result : 0;

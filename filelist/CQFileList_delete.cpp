@@ -5,7 +5,7 @@
 
 #include "base/bounded_text.h"
 #include "dcf/CQDCFList.h"
-#include "filelist/CQFileList.h"
+#include "filelist/CQFileList_internal.h"
 #include "fsio/PCQDCFFSIO.h"
 
 // What tells the three deletions of marked files apart.
@@ -21,7 +21,6 @@ constexpr int kNullItem = -2;
 constexpr int kProtected = -100;
 constexpr int kRemovalFailed = -200;
 constexpr int kSaveFailed = -1000;
-constexpr int kCancelled = 10000;
 constexpr int kFlushMask = 1023;  // the card is flushed after every 1024 files
 constexpr char kLastFolderStart[] = "/999";
 
@@ -31,9 +30,6 @@ constexpr int kGoneByAccess = -13;
 bool CountsAsRemoved(int result) {
   return result >= 0 || result == kGoneAnyway || result == kGoneByAccess;
 }
-
-constexpr eFileType kCompanionKinds[] = {FILE_TYPE_RAW, FILE_TYPE_VOICE_MEMO,
-                                         FILE_TYPE_MULTI_PICTURE};
 
 // The path up to its last '/', empty without one.
 void FolderOf(const char* path, char* out) {
@@ -77,11 +73,7 @@ int CQFileList::DCF_RemoveFile(char* path, bool sync) {
 // The file's result; a companion that cannot be removed never changes it.
 int CQFileList::RemoveWithCompanions(CQFileListItem* item, bool sync) {
   const int result = DCF_RemoveFile(item->filePath, sync);
-  char companion[flm::kPathSize];
-  for (const eFileType kind : kCompanionKinds) {
-    if (GetObjectFullPath(item, kind, companion, flm::kPathSize) >= 0)
-      DCF_RemoveFile(companion, sync);
-  }
+  flm::ForEachCompanion(*this, item, [&](char* companion) { DCF_RemoveFile(companion, sync); });
   return result;
 }
 
@@ -174,7 +166,7 @@ int CQFileList::DeleteAll(bool force, ProgressCallback callback) {
     }
     if (IsCancelled(callback, i, total, &status)) {
       UpdateLastIndex(false);
-      return SaveAfterDeletion(kCancelled);
+      return SaveAfterDeletion(flm::kBulkCancelled);
     }
   }
   curPage_ = -1;
@@ -213,7 +205,7 @@ int CQFileList::DeleteMarked(const MarkedWalk& walk, bool force, ProgressCallbac
     step = (this->*walk.prev)(&before);
     int status = Delete(&current, force, true);
     if (status > 0) ++deleted;
-    if (IsCancelled(callback, i, total, &status)) return SaveAfterDeletion(kCancelled);
+    if (IsCancelled(callback, i, total, &status)) return SaveAfterDeletion(flm::kBulkCancelled);
     if (step < 0 || before.filePath[0] == '\0') break;
     flm::CopyText(current.filePath, flm::kPathSize, before.filePath);
   }

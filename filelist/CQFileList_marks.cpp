@@ -3,7 +3,7 @@
 #include "base/bounded_text.h"
 #include "dcf/CQDCFList.h"
 #include "dcf/item_layout.h"
-#include "filelist/CQFileList.h"
+#include "filelist/CQFileList_internal.h"
 #include "fsio/PCQDCFFSIO.h"
 
 struct CQFileList::MarkKind {
@@ -22,8 +22,6 @@ constexpr int kNullItem = -2;
 constexpr int kEmptyPath = -3;
 constexpr int kProtectNullItem = -100;
 constexpr int kProtectEmptyPath = -101;
-constexpr eFileType kCompanionKinds[] = {FILE_TYPE_RAW, FILE_TYPE_VOICE_MEMO,
-                                         FILE_TYPE_MULTI_PICTURE};
 
 bool NamesNoFile(const CQFileListItem* item) {
   return item == nullptr || item->filePath[0] == '\0';
@@ -135,11 +133,8 @@ int CQFileList::SetProtect(CQFileListItem* item, bool on) {
   if (item == nullptr) return kProtectNullItem;
   if (item->filePath[0] == '\0') return kProtectEmptyPath;
   int result = PCQDCFFSIO::SetProtect(item->filePath, on);
-  char companion[flm::kPathSize];
-  for (const eFileType kind : kCompanionKinds) {
-    if (GetObjectFullPath(item, kind, companion, flm::kPathSize) < 0) continue;
-    // The last file changed decides, so that a companion can hide a failure of its main file.
-    result = PCQDCFFSIO::SetProtect(companion, on);
-  }
+  // The last file changed decides, so that a companion can hide a failure of its main file.
+  flm::ForEachCompanion(
+      *this, item, [&](const char* companion) { result = PCQDCFFSIO::SetProtect(companion, on); });
   return result;
 }

@@ -1,0 +1,25 @@
+// What several sources of CQFileList share and nobody else needs.
+#ifndef FILELISTMANAGEMENT_FILELIST_CQFILELIST_INTERNAL_H
+#define FILELISTMANAGEMENT_FILELIST_CQFILELIST_INTERNAL_H
+
+#include <initializer_list>
+
+#include "base/fixed_sizes.h"
+#include "filelist/CQFileList.h"
+
+namespace flm {
+
+constexpr int kBulkCancelled = 10000;  // the callback stopped a bulk operation
+
+// Calls act(path) for each companion of an item: raw, voice memo, multi-picture, in this order.
+template <typename Act>
+void ForEachCompanion(CQFileList& list, CQFileListItem* item, Act act) {
+  char path[kPathSize];
+  for (const eFileType kind : {FILE_TYPE_RAW, FILE_TYPE_VOICE_MEMO, FILE_TYPE_MULTI_PICTURE}) {
+    if (list.GetObjectFullPath(item, kind, path, kPathSize) >= 0) act(path);
+  }
+}
+
+}  // namespace flm
+
+#endif
