@@ -41,6 +41,7 @@ int CQDCFDir::SetDnum(short dirNumber) {
 
 int CQDCFDir::SetDirName(const char* name) {
   if (name == nullptr || std::strlen(name) >= flm::kDirNameSize) return -1;
+  if (name == dirName_) return 0;
   std::memset(dirName_, 0, sizeof(dirName_));
   flm::CopyText(dirName_, flm::kDirNameSize, name);
   return 0;

@@ -54,6 +54,7 @@ struct CQDCFDir::Scan {
 };
 
 int CQDCFDir::Listup(const char* baseURI, int mode, int /*dirNumber*/, int catalogueItems) {
+  if (baseURI == nullptr || baseURI[0] == '\0') return kNoReader;
   sorted_ = false;
   listedUp_ = false;
   FreeMem();

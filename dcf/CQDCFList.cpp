@@ -125,6 +125,7 @@ void CQDCFList::FreeSlot(int slot) {
 
 // Reads a directory; the number of files added, 0 also when memory was short.
 int CQDCFList::ListSlot(int slot) {
+  if (!HasRoot()) return 0;
   LeaveSlot(slot);
   CQDCFDir& dir = dirTable_[slot];
   const int added = dir.Listup(baseURI_, mode_, dir.GetDnum(), itemCount_);

@@ -180,7 +180,8 @@ class CQDCFList {
   int CreateNewDirectory(int dirNumber, const char* dirSuffix);  // 0 or -1
   int MakeDirectory(const char* path);                           // 0 or -1
   // Enters a file that exists. 0; -3 no '/', -1 too long, unknown folder or no memory, -2 name too
-  // long.
+  // long. A path that ends before its file number enters a record of number -1, which counts as
+  // none.
   int AddFile(const char* path);
   // Forgets a file. 0; -1 unknown folder, -2 unknown file.
   int RemoveFile(const char* path);

@@ -184,7 +184,7 @@ void CQDCFList::PrepareSlot(int slot, int dirNumber, const char* dirSuffix) {
 int CQDCFList::GetNewFileIndex_SetInfo(int index, const char* prefix, const char* ext, char* out,
                                        int outSize, const char* dirSuffix) {
   if (prefix == nullptr || ext == nullptr || out == nullptr || dirSuffix == nullptr) return -1;
-  if (index < 0) return -1;
+  if (index < 0 || dirTable_ == nullptr || !HasRoot()) return -1;
   const int dirNumber = index / flm::kFileIndexBase;
   const int fileNumber = index % flm::kFileIndexBase;
   int slot = SlotNamed(dirNumber, dirSuffix);

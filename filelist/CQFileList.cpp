@@ -96,6 +96,8 @@ int CQFileList::Listup(int stopAtFirst) {
   catalogue_->SetMode(GetType());
   catalogue_->SetSeriesMode(seriesMode_);
   if (!HasUsableRoot()) {
+    // As for a tree that cannot be opened, nothing of an earlier scan stays.
+    catalogue_->FreeAllDir();
     count_ = -1;
     return count_;
   }

@@ -28,6 +28,8 @@ int ToggleOrder(CQFileList& list, CQFileListItem* item, bool /*on*/) {
 }  // namespace
 
 int CQFileList::WalkBackwards(const BulkWalk& walk, ProgressCallback callback) {
+  // A list whose catalogue was released keeps its count, but has no file to change.
+  if (catalogue_ == nullptr && GetCount() > 0) return -1;
   const int selected = walk.selectedOnly ? GetSelCount() : 0;
   int handled = 0;
   int result = 0;

@@ -3,7 +3,7 @@
 
 #include "base/bounded_text.h"
 #include "dcf/CQDCFList.h"
-#include "filelist/CQFileList.h"
+#include "filelist/CQFileList_internal.h"
 
 int CQFileList::InitGetAt() { return 0; }
 
@@ -30,7 +30,9 @@ int CQFileList::GetFileListIndex(char* path) {
 }
 
 int CQFileList::GetFileListIndex(CQFileListItem* item) {
-  return item == nullptr ? -1 : GetFileListIndex(item->filePath);
+  if (item == nullptr) return -1;
+  char none[] = "";
+  return GetFileListIndex(flm::NamesFile(item) ? item->filePath : none);
 }
 
 int CQFileList::GetCurIndex() { return curIndex_; }
@@ -125,5 +127,6 @@ int CQFileList::GetCurrent(CQFileListItem* item, bool withInfo) {
 }
 
 int CQFileList::IsLast(CQFileListItem* item) {
-  return item == nullptr || catalogue_ == nullptr ? 0 : catalogue_->IsLast(item->filePath);
+  if (!flm::NamesFile(item) || catalogue_ == nullptr) return 0;
+  return catalogue_->IsLast(item->filePath);
 }

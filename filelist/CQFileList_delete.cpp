@@ -55,9 +55,10 @@ bool IsCancelled(ProgressCallback callback, int index, int total, int* status) {
 
 }  // namespace
 
-// A path of another card must never be removed through this list.
+// A path of another card must never be removed through this list, nor one that climbs out of it: no
+// path of the catalogue goes upwards.
 bool CQFileList::IsOnThisCard(const char* path) const {
-  if (catalogue_ == nullptr || path == nullptr) return false;
+  if (catalogue_ == nullptr || path == nullptr || std::strstr(path, "/..") != nullptr) return false;
   const char* const root = catalogue_->GetBaseURI();
   const size_t length = std::strlen(root);
   return length > 0 && BeginsWith(path, root) && path[length] == '/';
@@ -72,6 +73,7 @@ int CQFileList::DCF_RemoveFile(char* path, bool sync) {
 
 // The file's result; a companion that cannot be removed never changes it.
 int CQFileList::RemoveWithCompanions(CQFileListItem* item, bool sync) {
+  if (!flm::NamesFile(item)) return -1;
   const int result = DCF_RemoveFile(item->filePath, sync);
   flm::ForEachCompanion(*this, item, [&](char* companion) { DCF_RemoveFile(companion, sync); });
   return result;

@@ -4,7 +4,7 @@
 #include "base/bounded_text.h"
 #include "dcf/CQDCFList.h"
 #include "dcf/dcf_name.h"
-#include "filelist/CQFileList.h"
+#include "filelist/CQFileList_internal.h"
 #include "fsio/PCQDCFFSIO.h"
 
 namespace {
@@ -46,7 +46,7 @@ int CQFileList::GetInfo(char* path, CQFileListItem* item) {
 }
 
 int CQFileList::GetFileInfo(CQFileListItem* item) {
-  if (item == nullptr || item->filePath[0] == '\0') return -1;
+  if (!flm::NamesFile(item)) return -1;
   item->selected = IsSel(item) ? 1 : 0;
   item->wifiFlag = IsWifiFlag(item) ? 1 : 0;
   item->dpofCopies = static_cast<uint8_t>(GetDPOFNumOfCopy(item));
@@ -57,7 +57,7 @@ int CQFileList::GetFileInfo(CQFileListItem* item) {
 }
 
 int CQFileList::GetFileCreateTime(CQFileListItem* item) {
-  return item == nullptr ? -1 : PCQDCFFSIO::GetFileCreateTime(item);
+  return flm::NamesFile(item) ? PCQDCFFSIO::GetFileCreateTime(item) : -1;
 }
 
 int CQFileList::GetObjectFullPath(CQFileListItem* item, eFileType kind, char* out, int outSize) {
@@ -75,7 +75,7 @@ int CQFileList::GetObjectFullPath(CQFileListItem* item, eFileType kind, char* ou
 }
 
 int CQFileList::GetPrefix(CQFileListItem* item) {
-  return item == nullptr ? -1 : GetPrefixEnum(item->filePath);
+  return flm::NamesFile(item) ? GetPrefixEnum(item->filePath) : -1;
 }
 
 int CQFileList::GetPrefixEnum(const char* path) {
@@ -108,7 +108,8 @@ int CQFileList::RemoveFileFromList(char* path) {
 
 int CQFileList::RemoveFileFromList(CQFileListItem* item) {
   if (item == nullptr) return -1;
-  const int result = RemoveFileFromList(item->filePath);
+  char none[] = "";
+  const int result = RemoveFileFromList(flm::NamesFile(item) ? item->filePath : none);
   if (result >= 0) item->filePath[0] = '\0';
   return result;
 }

@@ -4,10 +4,18 @@
 
 #include <initializer_list>
 
+#include "base/bounded_text.h"
 #include "base/fixed_sizes.h"
 #include "filelist/CQFileList.h"
 
 namespace flm {
+
+// Whether an item has a path at all. One that fills its field without an end names no file: reading
+// it would run into the fields behind it.
+inline bool NamesFile(const CQFileListItem* item) {
+  return item != nullptr && item->filePath[0] != '\0' &&
+         BoundedLength(item->filePath, kPathSize) < kPathSize;
+}
 
 constexpr int kBulkCancelled = 10000;  // the callback stopped a bulk operation
 

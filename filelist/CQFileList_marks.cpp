@@ -23,22 +23,18 @@ constexpr int kEmptyPath = -3;
 constexpr int kProtectNullItem = -100;
 constexpr int kProtectEmptyPath = -101;
 
-bool NamesNoFile(const CQFileListItem* item) {
-  return item == nullptr || item->filePath[0] == '\0';
-}
-
 }  // namespace
 
 int CQFileList::SetMark(const MarkKind& kind, CQFileListItem* item, bool on) {
   if (kind.catalogueFirst && catalogue_ == nullptr) return kind.noCatalogue;
   if (item == nullptr) return kNullItem;
-  if (item->filePath[0] == '\0') return kEmptyPath;
+  if (!flm::NamesFile(item)) return kEmptyPath;
   if (catalogue_ == nullptr) return kind.noCatalogue;
   return catalogue_->SetCustomBit(item->filePath, kind.bit, on);
 }
 
 bool CQFileList::HasMark(const MarkKind& kind, CQFileListItem* item) {
-  if (NamesNoFile(item) || catalogue_ == nullptr) return false;
+  if (!flm::NamesFile(item) || catalogue_ == nullptr) return false;
   return catalogue_->GetCustomBit(item->filePath, kind.bit);
 }
 
@@ -126,12 +122,12 @@ int CQFileList::GetConsLast(CQFileListItem* item) { return LastMarked(kVoiceRecC
 
 // --- Protection ---
 bool CQFileList::IsProtect(CQFileListItem* item) {
-  return !NamesNoFile(item) && PCQDCFFSIO::IsProtect(item->filePath) != 0;
+  return flm::NamesFile(item) && PCQDCFFSIO::IsProtect(item->filePath) != 0;
 }
 
 int CQFileList::SetProtect(CQFileListItem* item, bool on) {
   if (item == nullptr) return kProtectNullItem;
-  if (item->filePath[0] == '\0') return kProtectEmptyPath;
+  if (!flm::NamesFile(item)) return kProtectEmptyPath;
   int result = PCQDCFFSIO::SetProtect(item->filePath, on);
   // The last file changed decides, so that a companion can hide a failure of its main file.
   flm::ForEachCompanion(

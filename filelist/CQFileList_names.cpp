@@ -7,7 +7,7 @@
 #include "dcf/CQDCFList.h"
 #include "dcf/dcf_name.h"
 #include "dcf/dcf_path.h"
-#include "filelist/CQFileList.h"
+#include "filelist/CQFileList_internal.h"
 #include "fsio/PCQDCFFSIO.h"
 
 namespace {
@@ -150,6 +150,7 @@ int CQFileList::SetObject(CQFileListItem* item, eFileAddType kind, bool on) {
   if (catalogue_ == nullptr) return -6;
   const AddedCompanion* const added = AddedOf(kind);
   if (added == nullptr) return kUnknownKind;
+  if (!flm::NamesFile(item)) return -1;
   return catalogue_->SetObject(item->filePath, added->objectType, on);
 }
 

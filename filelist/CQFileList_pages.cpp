@@ -5,6 +5,7 @@
 #include <cstdint>
 
 #include "base/bounded_text.h"
+#include "base/wrapping.h"
 #include "filelist/CQFileList.h"
 
 namespace {
@@ -80,14 +81,14 @@ int CQFileList::GetNextPage(CQFileListItem* items) {
   if (GetCurPageNum() == GetPageTotalCount() - 1) return GetFirstPage(items);
   AnchorOnPageTop();
   if (pageSize_ <= 0) {
-    ++curPage_;
+    curPage_ = flm::WrappingSum(curPage_, 1);
     return 0;
   }
   CQFileListItem passed;
   for (int i = 0; i < pageSize_; ++i) {
     if (GetNext(&passed, true) < 0) return -1;
   }
-  ++curPage_;
+  curPage_ = flm::WrappingSum(curPage_, 1);
   if (IsBeyondLast(curPage_, 0)) return 0;
   return FillPage(items, PageStart::kCursor, true);
 }
@@ -98,7 +99,7 @@ int CQFileList::GetPrevPage(CQFileListItem* items) {
   if (GetCurPageNum() == 0) return GetLastPage(items);
   AnchorOnPageTop();
   if (pageSize_ <= 0) {
-    --curPage_;
+    curPage_ = flm::WrappingSum(curPage_, -1);
     return 0;
   }
   CQFileListItem passed;
@@ -106,7 +107,7 @@ int CQFileList::GetPrevPage(CQFileListItem* items) {
     if (GetPrev(&passed, true) < 0) return -1;
   }
   const int filled = FillPage(items, PageStart::kCursor, false);
-  --curPage_;
+  curPage_ = flm::WrappingSum(curPage_, -1);
   return filled;
 }
 

@@ -7,7 +7,7 @@
 #include "dcf/dcf_path.h"
 #include "dcf/item_layout.h"
 #include "dpof/CQDPOF.h"
-#include "filelist/CQFileList.h"
+#include "filelist/CQFileList_internal.h"
 
 namespace {
 
@@ -22,7 +22,7 @@ unsigned char InEightBits(int value) { return static_cast<unsigned char>(value);
 
 int CQFileList::SetDPOF(CQFileListItem* item, int copies) {
   if (item == nullptr) return -2;
-  if (item->filePath[0] == '\0') return -5;
+  if (!flm::NamesFile(item)) return -5;
   if (copies < 0) return -3;
   if (copies > kMostCopies) return -4;
   if (catalogue_ == nullptr) return kNoCatalogue;
@@ -32,7 +32,7 @@ int CQFileList::SetDPOF(CQFileListItem* item, int copies) {
 int CQFileList::SetDPOFEdit(CQFileListItem* item, int edit) {
   if (catalogue_ == nullptr) return -1;
   if (item == nullptr) return -2;
-  if (item->filePath[0] == '\0') return -5;
+  if (!flm::NamesFile(item)) return -5;
   if (edit < 0) return -3;
   if (edit > kMostCopies) return -4;
   return catalogue_->SetCustomInfo(item->filePath, flm::kMarkInfoDpofEdit, InEightBits(edit));
@@ -41,7 +41,7 @@ int CQFileList::SetDPOFEdit(CQFileListItem* item, int edit) {
 int CQFileList::SetDPOFSize(CQFileListItem* item, int size) {
   if (size < 0) return -2;
   if (item == nullptr) return -3;
-  if (item->filePath[0] == '\0') return -4;
+  if (!flm::NamesFile(item)) return -4;
   if (catalogue_ == nullptr) return kNoCatalogue;
   return catalogue_->SetCustomInfo(item->filePath, flm::kMarkInfoDpofSize, InEightBits(size));
 }
@@ -85,19 +85,19 @@ int CQFileList::GetDPOFNumOfCopy(CQFileListItem* item) {
 int CQFileList::GetDPOFEdit(CQFileListItem* item) {
   if (catalogue_ == nullptr) return -1;
   if (item == nullptr) return -2;
-  if (item->filePath[0] == '\0') return -3;
+  if (!flm::NamesFile(item)) return -3;
   return ReadPrintInfo(item, flm::kMarkInfoDpofEdit);
 }
 
 int CQFileList::GetDPOFSize(CQFileListItem* item) {
   if (item == nullptr) return -2;
-  if (item->filePath[0] == '\0') return -3;
+  if (!flm::NamesFile(item)) return -3;
   if (catalogue_ == nullptr) return kNoCatalogue;
   return ReadPrintInfo(item, flm::kMarkInfoDpofSize);
 }
 
 bool CQFileList::GetDPOFIndex(CQFileListItem* item) {
-  if (item == nullptr || item->filePath[0] == '\0' || catalogue_ == nullptr) return false;
+  if (!flm::NamesFile(item) || catalogue_ == nullptr) return false;
   return catalogue_->GetCustomInfo(item->filePath, flm::kMarkInfoDpofIndex) == 1;
 }
 

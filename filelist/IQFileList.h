@@ -15,7 +15,7 @@ class CQDCFList;
 //   Results   0, a count or an index for success; a negative number for failure. Unless said
 //             otherwise an operation that needs the catalogue returns -1 before the first Listup,
 //             a null item or text is refused with a negative number, and a refused call changes
-//             nothing.
+//             nothing. An item whose path fills its field without an end names no file.
 //   Index     position of a file in list order, from 0: directories ascending by number, files
 //             ascending by number within a directory (DCF, CIPA DC-009).
 //   Cursor    the current file. Walks, indexed access, pages, deletion and saving the print order
@@ -61,8 +61,9 @@ class FLM_API IQFileList {
   // Deletes the file, its companions (when the item's objectPath is filled) and, when it becomes
   // empty, its directory; the newest directory is kept unless its number is 999. `force` deletes a
   // protected file too; `saveDpof` rewrites the print order. The file index of the newest file that
-  // is left when deleted; 0 when the file could not be removed; -2 null item; -100 protected;
-  // -1000 the print order could not be saved (the file is deleted).
+  // is left when deleted (a file that was gone already counts as deleted); 0 when the file could
+  // not be removed, or the list does not hold it or has not been scanned; -2 null item; -100
+  // protected; -1000 the print order could not be saved (the file is deleted).
   virtual int Delete(CQFileListItem* item, bool force, bool saveDpof) = 0;
 
   // Deletes the files, exactly as DeleteAll(force, no callback).
@@ -82,7 +83,8 @@ class FLM_API IQFileList {
   // Does nothing. Returns 0.
   virtual int InitGetAt() = 0;
 
-  // The file at `index`; moves the cursor to it. 0, or -1 (the cursor's index is then -1).
+  // The file at `index`; moves the cursor to it. 0, or -1; the cursor's index is then -1, while
+  // GetCurrent still gives the file that was current before.
   virtual int GetAt(int index, CQFileListItem* item, bool withInfo) = 0;
 
   // Index of a file; -1 when the list does not hold it, -6 without a catalogue. For a file of the
@@ -132,7 +134,8 @@ class FLM_API IQFileList {
 
   // Sets the newest number, from a path or from the numbers; without `force` it is only raised. The
   // number is stored in the preference store. 0 (also without a catalogue); -1 a directory number
-  // outside 100 to 999, -2 null path, -3 empty path.
+  // outside 100 to 999, -2 null path, -3 empty path. Only the directory number is judged: a path
+  // that ends before its file number counts as file number -1.
   virtual int SetLastIndex(char* path, bool force) = 0;
   virtual int SetLastIndex(int dirNumber, int fileNumber, bool force) = 0;
 
@@ -218,8 +221,9 @@ class FLM_API IQFileList {
   // Prefix of new files, at most 8 characters; DCF names have 4. 0; -1 null; -2 too long.
   virtual int SetFilePrefix(char* prefix) = 0;
 
-  // Fills an item from a path: everything that withInfo gives. 0; -2 null path, -3 null item, -6
-  // without a catalogue, -1 the list does not hold the file.
+  // Fills an item from a path: everything that withInfo gives. The companions' path is that of the
+  // first file of the number: where two files share one, take the item from GetAt. 0; -2 null path,
+  // -3 null item, -6 without a catalogue, -1 the list does not hold the file.
   virtual int GetInfo(char* path, CQFileListItem* item) = 0;
 
   // The path of a companion of the item, by the letters at the end of its objectPath (S, W, M or a
@@ -241,7 +245,8 @@ class FLM_API IQFileList {
   // Sorts the files that were added since the scan into their places. 0.
   virtual int SortItem() = 0;
 
-  // How many more files may be numbered; at most 1000 while a directory number is left.
+  // How many more files may be numbered; at most 1000 while a directory number is left, and so
+  // also before the first scan.
   virtual int GetAvailNumOfPhoto() = 0;
 
   // The list's catalogue, null before the first Listup; it belongs to the list.

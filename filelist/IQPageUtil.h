@@ -19,9 +19,9 @@ class FLM_API IQPageUtil {
   // checked, and with 0 or less there are no pages.
   virtual int InitPage(int pageSize) = 0;
 
-  // Goes to page `page`. Number of items filled, 0 when the page lies beyond the files; -1 for a
-  // negative page or one whose first file cannot be read; -2 when the list has no files. The page
-  // after or before the current one is reached by GetNextPage or GetPrevPage, wrap-around included.
+  // Goes to page `page`. Number of items filled; -1 for a negative page or one that lies beyond the
+  // files; -2 when the list has no files. The page after or before the current one is reached by
+  // GetNextPage or GetPrevPage, wrap-around included: behind the last page comes the first.
   virtual int GetPageAt(int page, CQFileListItem* items) = 0;
 
   // Goes to page 0. Number of items filled; 0 for an empty list, -1 before a successful scan.

@@ -2,6 +2,7 @@
 #include <ctime>
 
 #include "base/file_list_item.h"
+#include "base/wrapping.h"
 #include "fsio/PCQDCFFSIO.h"
 #include "fsio/os_calls.h"
 
@@ -23,7 +24,7 @@ bool IsProtectedMode(mode_t mode) { return (mode & kOwnerWrite) == 0; }
 int FillTime(CQFileListItem* item, time_t modified) {
   tm local;
   if (flm::Os().Localtime(&modified, &local) == nullptr) return -1;
-  item->year = local.tm_year + kYearBase;
+  item->year = flm::WrappingSum(local.tm_year, kYearBase);
   item->month = local.tm_mon + 1;
   item->day = local.tm_mday;
   item->hour = local.tm_hour;
@@ -100,7 +101,7 @@ void PCQDCFFSIO::GetSystemTime(tTimeStamp& ts) {
     ts = {kYearBase, 1, 1, 1, 1, 1};
     return;
   }
-  ts.year = static_cast<uint16_t>(local.tm_year + kYearBase);
+  ts.year = static_cast<uint16_t>(flm::WrappingSum(local.tm_year, kYearBase));
   ts.month = static_cast<uint16_t>(local.tm_mon + 1);
   ts.day = static_cast<uint16_t>(local.tm_mday);
   ts.hour = static_cast<uint16_t>(local.tm_hour);

@@ -183,7 +183,9 @@ bool FlushFolderOf(const char* file) {
 }
 
 bool WriteNew(const char* path, const char* text) {
-  const int flags = O_WRONLY | O_CREAT | O_TRUNC | O_NOFOLLOW | O_CLOEXEC;
+  // Whatever an earlier, interrupted replacement left there goes first.
+  unlink(path);
+  const int flags = O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC;
   const int descriptor = open(path, flags, kFileMode);
   if (descriptor < 0) return false;
   const bool written = WriteText(descriptor, text) && fsync(descriptor) == 0;

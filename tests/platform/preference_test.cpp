@@ -35,6 +35,14 @@ TEST_F(PreferenceTest, AValueNeverStoredReadsMinusOne) {
   EXPECT_TRUE(folder_.Tree().empty()) << "reading makes nothing";
 }
 
+TEST_F(PreferenceTest, AnythingInTheWayOfTheNewFileIsReplaced) {
+  folder_.MakeDir("state");
+  ASSERT_EQ(mkfifo(folder_.Path("state/preferences.new").c_str(), 0600), 0);
+  EXPECT_EQ(pref_set_long(1, 856, 7), 0);
+  EXPECT_EQ(pref_get_long(1, 856), 7);
+  EXPECT_FALSE(folder_.Exists("state/preferences.new"));
+}
+
 TEST_F(PreferenceTest, AStoredValueIsRead) {
   EXPECT_EQ(pref_set_long(1, 856, 10000012), 0);
   EXPECT_EQ(pref_get_long(1, 856), 10000012);
