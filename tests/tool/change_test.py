@@ -143,6 +143,44 @@ class RemoveTest(ToolTest):
         self.complaint("rm", "card", "--all", "-y", **options)
         self.assertEqual(self.lines("count", "card"), ["2"])
 
+    def test_a_file_that_is_not_there_under_its_listed_name_is_not_called_removed(self):
+        self.make_pictures("100PHOTO", 1)
+        self.make_file("DCIM/100PHOTO/QVX_0002.jpg")
+        message = "cannot remove card/DCIM/100PHOTO/QVX_0002.JPG: No such file or directory"
+        for arguments in (("1",), ("1", "--dry-run")):
+            done = self.run_tool("rm", "card", *arguments, expect=FAILED)
+            self.assertEqual((done.stdout, done.stderr.decode()), (b"", f"flm: {message}\n"))
+        self.assertEqual(self.lines("count", "card"), ["2"])
+        done = self.run_tool("rm", "card", "--all", "--yes", expect=FAILED)
+        self.assertEqual(done.stdout, b"removed card/DCIM/100PHOTO/QVX_0001.JPG\n")
+        self.assertEqual(done.stderr.decode(), f"flm: {message}\n")
+        self.assertTrue((self.root / "DCIM/100PHOTO/QVX_0002.jpg").exists())
+
+    def test_an_emptied_folder_that_cannot_be_removed_is_named(self):
+        self.make_pictures("100PHOTO", 1)
+        self.make_pictures("101PHOTO", 2)
+        self.make_folder("MISC")
+        os.chmod(self.root / "DCIM/100PHOTO", 0o777)
+        options = self.as_nobody()
+        os.chmod(self.root / "DCIM", 0o555)
+        done = self.run_tool("rm", "card", "0", expect=FAILED, **options)
+        self.assertEqual(done.stdout, b"removed card/DCIM/100PHOTO/QVX_0001.JPG\n")
+        self.assertEqual(done.stderr,
+                         b"flm: cannot remove the folder card/DCIM/100PHOTO: Permission denied\n")
+
+    def test_ctrl_c_while_the_card_is_read_ends_before_the_first_file(self):
+        self.make_pictures("100PHOTO", *range(1, 3001))
+        terminal = Terminal(self, "rm", "card", "--all")
+        inside = f"/proc/{terminal.process.pid}/cwd"
+        end = time.monotonic() + 60
+        while os.readlink(inside) != str(self.root) and time.monotonic() < end:
+            pass
+        terminal.process.send_signal(signal.SIGINT)
+        terminal.answer("n\n")
+        self.assertEqual(terminal.finish(), INTERRUPTED)
+        self.assertIn("interrupted: 0 files done", terminal.shown)
+        self.assertEqual(self.lines("count", "card"), ["3000"])
+
     def test_ctrl_c_stops_between_two_files_and_says_how_many_are_done(self):
         self.make_pictures("100PHOTO", *range(1, 2501))
         terminal = Terminal(self, "rm", "card", "--all", "--yes")
@@ -174,6 +212,16 @@ class ProtectTest(ToolTest):
                          [True, False])
         self.run_tool("unprotect", "card", "0")
         self.assertEqual(set(self.modes().values()), {"0o644"})
+
+    def test_a_file_that_cannot_be_protected_is_named_with_the_reason(self):
+        os.remove(self.root / "DCIM/100PHOTO/QVX_0002.JPG")
+        self.make_file("DCIM/100PHOTO/QVX_0002.jpg")
+        self.assertEqual(self.complaint("protect", "card", "1"),
+                         "cannot protect card/DCIM/100PHOTO/QVX_0002.JPG: No such file or directory")
+        if os.geteuid() == 0:
+            self.assertEqual(
+                self.complaint("protect", "card", "0", **self.as_nobody()),
+                "cannot protect card/DCIM/100PHOTO/QVX_0001.JPG: Operation not permitted")
 
     def test_all_files_with_all_companions(self):
         self.run_tool("protect", "card", "--all", "--yes")

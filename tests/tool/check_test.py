@@ -137,6 +137,52 @@ class CheckTest(ToolTest):
         line = self.lines("check", "card", expect=FAILED)[0]
         self.assertTrue(line.startswith(r"card/DCIM/\x1B[2J: "))
 
+    def test_a_folder_that_cannot_be_opened_is_told_and_its_files_are_not_called_missing(self):
+        self.make_pictures("100PHOTO", 1)
+        self.make_pictures("101PHOTO", 2)
+        self.make_file("MISC/AUTPRINT.MRK", b"[HDR]\nPRT TYP=STD\nPRT QTY=001\n"
+                                            b"IMG SRC=\"../DCIM/101PHOTO/QVX_0002.JPG\"\n")
+        (self.root / "DCIM/101PHOTO").chmod(0)
+        options = self.as_nobody()
+        done = self.run_tool("check", "card", "--json", expect=FAILED, **options)
+        self.assertEqual([(f["kind"], f["reason"]) for f in json.loads(done.stdout)["findings"]], [
+            ("unreadable", "cannot be read: Permission denied"),
+            ("print-order",
+             "line 4: \"../DCIM/101PHOTO/QVX_0002.JPG\" lies in a folder that cannot be read")])
+
+    def order_findings(self, content):
+        self.make_file("MISC/AUTPRINT.MRK", content)
+        return [reason for kind, _, reason in self.findings() if kind == "print-order"]
+
+    def test_quantities_misspelt_keys_and_an_unfinished_last_line_of_the_print_order(self):
+        self.make_folder("DCIM")
+        self.assertEqual(self.order_findings(
+            b"[HDR]\nPRT TYP=STD\nPRT QTY=000\nPRT QTY=099\nPRT QTY=100\nprt qty=1\nPRT typ=IDX\n"
+            b" PRT QTY=1\nPRT QTY=007"), [
+                "line 3: the quantity \"000\" is outside 1 to 99",
+                "line 5: the quantity \"100\" is outside 1 to 99",
+                "line 6: \"prt qty=1\" is passed over: keys are in capitals and begin at the start of "
+                "the line",
+                "line 7: \"PRT typ=IDX\" is passed over: keys are in capitals",
+                "line 8: \" PRT QTY=1\" is passed over: keys are in capitals and begin at the start of "
+                "the line",
+                "line 9: the last line has no line end and is passed over"])
+
+    def test_a_print_order_that_is_no_file(self):
+        self.make_folder("DCIM")
+        self.make_folder("MISC/AUTPRINT.MRK")
+        self.assertEqual(self.findings(), [("print-order", "MISC/AUTPRINT.MRK",
+                                            "it is no regular file and is passed over")])
+
+    def test_listed_names_with_characters_that_other_devices_refuse(self):
+        for name in ("IM-G0001.JPG", "IM G0002.JPG", "I_9G0003.JPG"):
+            self.make_file(f"DCIM/100PHOTO/{name}")
+        reason = ("listed, but other devices may not take it: one of its first four characters is none "
+                  "of A-Z, 0-9 and _")
+        self.assertEqual(self.findings(), [("file-name", "DCIM/100PHOTO/IM G0002.JPG", reason),
+                                           ("file-name", "DCIM/100PHOTO/IM-G0001.JPG", reason)])
+        self.assertEqual(self.lines("count", "card"), ["3"])
+
 
 if __name__ == "__main__":
     unittest.main()

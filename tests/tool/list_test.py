@@ -250,6 +250,17 @@ class BadInputTest(ToolTest):
                           ["mkcard", "x", "--prefix", "ab"], ["mkcard", "x", "--files", "10000"]):
             self.complaint(*arguments, expect=USAGE)
 
+    def test_a_word_that_is_no_command_or_option_is_named(self):
+        for arguments, message in ((["foo"], "no command foo"), (["print", "foo"], "no command foo"),
+                                   (["--bogus"], "no option --bogus"),
+                                   (["ls", "--bogus=3"], "no option --bogus"),
+                                   (["ls", "card", "-z"], "no option -z"),
+                                   (["a\nb\x1b"], r"no command a\x0Ab\x1B")):
+            self.assertEqual(self.complaint(*arguments, expect=USAGE), message + " (see flm --help)")
+        for arguments in (["ls", "card", "a\nb"], ["mkcard", "card", "--files", "a\nb"],
+                          ["print", "set", "card", "a\nb", "0"]):
+            self.assertIn(r"a\x0Ab", self.complaint(*arguments, expect=USAGE))
+
     def test_help_and_version_go_to_standard_output(self):
         self.assertTrue(self.run_tool("--help").stdout)
         self.assertTrue(self.run_tool("ls", "--help").stdout)

@@ -113,6 +113,55 @@ class NumberTest(ToolTest):
         self.assertTrue((self.outside / "relative").is_file())
         self.assertFalse((self.root / "relative").exists())
 
+    def test_a_store_that_cannot_be_written_is_named(self):
+        (self.outside / "store").write_bytes(b"")
+        self.env["FLM_PREFERENCE_FILE"] = str(self.outside / "store/file")
+        message = f"cannot write the preference store {self.outside}/store/file: Not a directory"
+        source = self.outside / "a.jpg"
+        source.write_bytes(b"x")
+        before = self.tree()
+        for command in (("new", "card", "jpg", "--series", "--date-folders"),
+                        ("import", "card", "a.jpg", "--series"), ("set-last", "card", "105/0300"),
+                        ("series", "set", "105/0300")):
+            done = self.run_tool(*command, expect=FAILED)
+            self.assertEqual((done.stdout, done.stderr.decode()), (b"", f"flm: {message}\n"))
+        self.assertEqual([path for path in self.tree() if path != "MISC"], before)
+        self.run_tool("import", "card", "a.jpg")
+
+    def test_a_card_with_a_folder_that_cannot_be_opened_gets_no_new_files(self):
+        self.make_pictures("103PHOTO", 1)
+        (self.root / "DCIM/103PHOTO").chmod(0)
+        (self.outside / "a.jpg").write_bytes(b"x")
+        options = self.as_nobody()
+        for command in (("new", "card", "jpg"), ("next", "card"), ("import", "card", "a.jpg")):
+            self.assertEqual(self.complaint(*command, **options),
+                             "cannot read card/DCIM/103PHOTO: Permission denied")
+
+    def test_a_folder_that_cannot_be_made_is_named_with_the_reason(self):
+        (self.root / "DCIM").chmod(0o555)
+        self.make_folder("MISC")
+        options = self.as_nobody()
+        self.assertEqual(self.complaint("new", "card", "jpg", "--date-folders", **options)[-19:],
+                         ": Permission denied")
+        (self.outside / "empty").mkdir()
+        self.assertEqual(self.complaint("new", "empty", "jpg", **options),
+                         "cannot make the folder empty/DCIM: Permission denied")
+
+    def test_a_card_without_a_numbered_folder_has_no_last_number(self):
+        self.make_file("empty/DCIM/CAMERA/party at the lake.jpg")
+        self.assertEqual(self.lines("last", "card/empty"), ["none"])
+        self.make_folder("DCIM/105PHOTO")
+        self.assertEqual(self.lines("last", "card"), ["105/0000"])
+
+    def test_words_that_are_no_kind_and_no_number(self):
+        kinds = "(jpg srw mp4 3gp mp3 wav mpo)"
+        self.assertEqual(self.complaint("new", "card", "gif", expect=USAGE),
+                         f"gif is no kind of file {kinds}")
+        self.assertEqual(self.complaint("new", "card", "", expect=USAGE),
+                         f"the kind of file is empty {kinds}")
+        self.assertEqual(self.complaint("series", "set", "", expect=USAGE),
+                         "the number is empty: it is a folder and a file number such as 105/0020")
+
 
 class ImportTest(ToolTest):
     def source(self, name, content):

@@ -114,6 +114,41 @@ class PrintTest(ToolTest):
         self.assertIn("Permission denied", self.complaint("print", "set", "card", "1", "0",
                                                           expect=FAILED, **self.as_nobody()))
 
+    FOREIGN = (b"[HDR]\nGEN CRT=\"CAM\"\n[JOB]\nPRT TYP=MUL\nPRT QTY=001\n"
+               b"IMG SRC=\"../DCIM/100PHOTO/QVX_0001.JPG\"\n[JOB]\nPRT TYP=STD\nPRT QTY=002\n"
+               b"IMG SRC=\"../DCIM/100PHOTO/QVX_0002.JPG\"\nIMG SRC=\"../DCIM/100PHOTO/QVX_0077.JPG\"\n")
+
+    def test_lines_that_are_not_understood_are_told_before_they_are_dropped(self):
+        warning = (b"flm: 2 lines of the print order are not understood and will be dropped "
+                   b"(see flm check)\n")
+        for arguments in (("print", "set", "card", "1", "1"), ("print", "index", "card", "on"),
+                          ("print", "save", "card"), ("rm", "card", "1")):
+            self.make_file("MISC/AUTPRINT.MRK", self.FOREIGN)
+            self.assertEqual(self.run_tool(*arguments).stderr, warning)
+            self.assertNotIn("MUL", self.text())
+            self.assertEqual(self.run_tool("print", "save", "card").stderr, b"")
+
+    def test_a_file_that_is_no_print_order_is_not_loaded(self):
+        self.run_tool("print", "set", "card", "2", "0")
+        before = self.text()
+        for content in (b"", b"GIF89a" + bytes(range(256)) * 64, b"PRT TYP=STD\nPRT QTY=001\n"):
+            (self.outside / "other").write_bytes(content)
+            self.assertEqual(self.complaint("print", "load", "card", "other"),
+                             "other is no print order")
+            self.complaint("print", "load", "card", "other", "--merge")
+        self.assertEqual(self.text(), before)
+
+    def test_an_order_of_files_that_cannot_be_read_is_not_written_again(self):
+        self.run_tool("print", "set", "card", "2", "0")
+        before = self.text()
+        (self.root / "DCIM/100PHOTO").chmod(0)
+        options = self.as_nobody()
+        for arguments in (("print", "clear", "card"), ("print", "show", "card"),
+                          ("print", "save", "card"), ("rm", "card", "--all", "--yes")):
+            self.assertEqual(self.complaint(*arguments, **options),
+                             "cannot read card/DCIM/100PHOTO: Permission denied")
+        self.assertEqual(self.text(), before)
+
 
 if __name__ == "__main__":
     unittest.main()

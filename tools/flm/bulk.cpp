@@ -23,6 +23,10 @@ std::string ReadAnswer() {
   return answer;
 }
 
+void RequireUninterrupted() {
+  if (Interrupted()) throw Failure("interrupted: 0 files done", kStatusInterrupted);
+}
+
 }  // namespace
 
 void AddBulkOptions(CLI::App& command, BulkOptions& options) {
@@ -34,25 +38,32 @@ void AddBulkOptions(CLI::App& command, BulkOptions& options) {
   command.add_flag("-n,--dry-run", options.dryRun, "Only say what would be done");
 }
 
+void BeginBulk(const BulkOptions& options) {
+  if (!options.all && options.files.empty()) {
+    throw Failure("no file is named (or --all)", kStatusUsage);
+  }
+  CatchInterrupts();
+}
+
 std::vector<Entry> BulkTargets(Card& card, const BulkOptions& options) {
   if (options.all) return ReadEntries(card);
-  if (options.files.empty()) throw Failure("no file is named (or --all)", kStatusUsage);
   std::vector<Entry> targets;
   for (const int index : SelectMany(card, options.files)) targets.push_back(ReadEntry(card, index));
   return targets;
 }
 
 void Confirm(const BulkOptions& options, const std::string& act, size_t files) {
+  RequireUninterrupted();
   if (options.yes || options.dryRun || files < 2) return;
   const std::string what = act + " " + Counted(static_cast<int64_t>(files), "file");
   if (isatty(STDIN_FILENO) == 0) {
     throw Failure("will not " + what + " without --yes: there is no terminal to ask on");
   }
-  CatchInterrupts();
+  RequireUninterrupted();
   const std::string question = "flm: " + what + "? [y/N] ";
   std::fwrite(question.data(), 1, question.size(), stderr);
   const std::string answer = Upper(ReadAnswer());
-  if (Interrupted()) throw Failure("interrupted: 0 files done", kStatusInterrupted);
+  RequireUninterrupted();
   if (answer != "Y" && answer != "YES") throw Failure("nothing was done");
 }
 
@@ -72,8 +83,9 @@ size_t ForEachTarget(std::vector<Entry>& targets, bool quiet,
 }
 
 int SayInterrupted(size_t done, size_t files) {
-  Complain("interrupted: " + std::to_string(done) + " of " +
-           Counted(static_cast<int64_t>(files), "file") + " done");
+  const std::string all = Counted(static_cast<int64_t>(files), "file");
+  Complain("interrupted: " + (done == 0 ? "0 files" : std::to_string(done) + " of " + all) +
+           " done");
   return kStatusInterrupted;
 }
 

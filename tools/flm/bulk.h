@@ -25,12 +25,16 @@ struct BulkOptions {
 
 void AddBulkOptions(CLI::App& command, BulkOptions& options);
 
+// Comes before the card is opened: throws Failure when no file is named, and from here on Ctrl-C
+// ends the command between two files instead of anywhere.
+void BeginBulk(const BulkOptions& options);
+
 // The files that the options name, in list order.
 std::vector<Entry> BulkTargets(Card& card, const BulkOptions& options);
 
 // Asks on the terminal before more than one file is changed, unless the options say yes already.
 // `act` is a verb, as in "remove 3 files?". Throws Failure when the answer is no or nobody can be
-// asked.
+// asked, or when Ctrl-C came while the card was read.
 void Confirm(const BulkOptions& options, const std::string& act, size_t files);
 
 // Applies `act` to every file, from the first to the last so that folders are emptied before the

@@ -14,12 +14,15 @@
 #include "dcf/dcf_path.h"
 #include "failure.h"
 #include "fsio/os_calls.h"
+#include "print_order.h"
 #include "text.h"
+#include "unreadable.h"
 
 namespace flm::tool {
 namespace {
 
 constexpr int kListType = 4;  // stills, with the real names of their folders
+constexpr mode_t kFolderMode = 0775;
 constexpr char kPreferenceVariable[] = "FLM_PREFERENCE_FILE";
 
 std::string CurrentFolder() {
@@ -93,6 +96,7 @@ bool IsFolder(const std::string& path) {
 Card::Card(const CardOptions& options, Access access)
     : root_(WithoutTrailingSlashes(options.root)), outside_(CurrentFolder()) {
   Enter(access);
+  if (options.whole && hadTree_) RequireReadable();
   Scan(options, access);
 }
 
@@ -113,6 +117,16 @@ void Card::Enter(Access access) {
   if (hadTree_) RequireReadableFolder(kStillTree, Shown(std::string("./") + kStillTree));
 }
 
+void Card::RequireReadable() const {
+  for (const Unreadable& folder : UnreadableFolders()) {
+    throw Failure(WithReason("cannot read " + Shown(folder.path), folder.error));
+  }
+  const std::string order = PrintOrderPath();
+  if (HasPrintOrder() && access(order.c_str(), R_OK) != 0) {
+    throw Failure(WithReason("cannot read " + Shown(order), errno));
+  }
+}
+
 void Card::Scan(const CardOptions& options, Access access) {
   std::string root = ".";
   CBIFileListManager::Create(1);
@@ -126,6 +140,11 @@ void Card::Scan(const CardOptions& options, Access access) {
   const int count = list_->Listup(0);
   if (count < 0) {
     CBIFileListManager::Destroy();
+    // The scan makes this folder and keeps the reason to itself when it cannot; asking again tells.
+    if (access == Access::kRecord && !IsFolder(kStillTree) && mkdir(kStillTree, kFolderMode) != 0) {
+      throw Failure(
+          WithReason("cannot make the folder " + Printable(root_) + "/" + kStillTree, errno));
+    }
     throw Failure("cannot read the files of " + Printable(root_));
   }
 }

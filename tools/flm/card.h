@@ -20,6 +20,7 @@ struct CardOptions {
   std::string root;             // the card's folder, as the user wrote it
   bool nonDcf = true;           // take the CAMERA folder too
   std::string prefix = "QVX_";  // of new files
+  bool whole = false;           // refuse a card with a part that cannot be read
 };
 
 // The tool works inside the card's folder and tells the library that the root is ".", so that
@@ -46,6 +47,10 @@ class Card {
 
   // A path relative to the folder that the user was in, made absolute.
   std::string FromOutside(const std::string& given) const;
+
+  // Throws Failure when a numbered folder or the print order is there and cannot be read: what the
+  // list does not know of would be numbered over or dropped.
+  void RequireReadable() const;
 
   // Removes the folders of the card that this process made and that are still empty.
   void RemoveNewEmptyFolders() const;

@@ -8,8 +8,10 @@
 #include "check_names.h"
 #include "copy_file.h"
 #include "dcf/dcf_name.h"
+#include "failure.h"
 #include "findings.h"
 #include "text.h"
+#include "unreadable.h"
 
 namespace flm::tool {
 namespace {
@@ -70,6 +72,9 @@ class FolderCheck {
       Add(kFolderName, path,
           "folder numbers begin at 100: this one is listed with the CAMERA folder");
     }
+    if (const int error = FolderError(path); error != 0) {
+      Add(kUnreadable, path, WithReason("cannot be read", error));
+    }
     folders_.push_back({path, upper, DirNumberInName(upper.c_str()), IsCameraName(upper.c_str())});
   }
 
@@ -80,7 +85,14 @@ class FolderCheck {
       const std::string problem = Problem(folder, path, name);
       if (!problem.empty()) {
         Add(kFileName, path, problem);
-      } else if (!folder.camera && !IsJoined(folder, path, name)) {
+        continue;
+      }
+      if (!folder.camera && HasForeignCharacters(name)) {
+        Add(kFileName, path,
+            "listed, but other devices may not take it: one of its first four characters is none "
+            "of A-Z, 0-9 and _");
+      }
+      if (!folder.camera && !IsJoined(folder, path, name)) {
         numbers[FileNumberInName(name.c_str())].push_back(name);
       }
     }

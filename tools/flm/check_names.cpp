@@ -1,6 +1,7 @@
 #include "check_names.h"
 
 #include "dcf/dcf_name.h"
+#include "prefix_check.h"
 #include "text.h"
 
 namespace flm::tool {
@@ -51,6 +52,10 @@ std::string FileNameProblem(const std::string& name) {
 std::string FreeNameProblem(const std::string& name) {
   if (CheckFreeName(name.c_str()) >= 0) return "";
   return "a name in CAMERA has 12 to 40 characters, this one has " + std::to_string(name.size());
+}
+
+bool HasForeignCharacters(const std::string& name) {
+  return !PrefixError(Upper(name.substr(0, kPrefixLength))).empty();
 }
 
 int KindOfName(const std::string& name) { return CheckDcfName(Upper(name).c_str()); }

@@ -11,6 +11,9 @@ std::string FolderNameProblem(const std::string& name);
 std::string FileNameProblem(const std::string& name);  // of a numbered folder
 std::string FreeNameProblem(const std::string& name);  // of the CAMERA folder
 
+// Whether a name that is taken has free characters beyond capital letters, digits and "_".
+bool HasForeignCharacters(const std::string& name);
+
 // The kind of a file of a numbered folder whose name is taken, as dcf_name.h tells kinds apart.
 int KindOfName(const std::string& name);
 

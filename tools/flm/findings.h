@@ -24,6 +24,7 @@ constexpr char kCompanion[] = "companion";     // a companion without its pictur
 constexpr char kDuplicate[] = "duplicate";     // files of one number in a folder
 constexpr char kEqualFolders[] = "equal-folders";  // folders of one number
 constexpr char kAlikeFolders[] = "alike-folders";  // folders that lookups take for one another
+constexpr char kUnreadable[] = "unreadable";       // a folder that cannot be opened
 constexpr char kPrintOrder[] = "print-order";      // an entry of the print order without effect
 constexpr char kLimit[] = "limit";                 // the end of the numbers or of the list is near
 
@@ -32,6 +33,10 @@ void CheckFolders(Findings& findings);
 
 // The print order against the files of the list, given by their library paths.
 void CheckPrintOrder(const std::vector<std::string>& paths, Findings& findings);
+
+// How many lines of it are not understood and would be lost when it is written again. Lines about
+// files that are gone are not among them.
+int CountDroppedLines(const std::vector<std::string>& paths);
 
 }  // namespace flm::tool
 

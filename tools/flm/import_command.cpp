@@ -3,6 +3,7 @@
 #include <CLI/CLI.hpp>
 #include <memory>
 
+#include "bulk.h"
 #include "commands.h"
 #include "copy_file.h"
 #include "failure.h"
@@ -25,35 +26,29 @@ const Kind& KindOfFile(const std::string& file) {
   const std::string extension = point == std::string::npos ? "" : name.substr(point + 1);
   const Kind* const kind = FindKind(Upper(extension) == "JPEG" ? "jpg" : extension);
   if (kind == nullptr) {
-    throw Failure(Printable(file) +
-                  " has no extension that a card knows (jpg srw mp4 3gp mp3 wav mpo)");
+    throw Failure(Printable(file) + " has no extension that a card knows (" + KindWords() + ")");
   }
   return *kind;
 }
 
 // The reserved name and, when it had to be made, its folder are given up.
-void GiveUp(Card& card, std::string path, bool madeFolder) {
-  card.List().RemoveFileFromList(Arg(path));
-  if (madeFolder) RemoveFolder(FolderOf(path));
-  card.RemoveNewEmptyFolders();
+void GiveUp(Card& card, NewName name) {
+  card.List().RemoveFileFromList(Arg(name.path));
+  if (name.madeFolder) RemoveFolder(FolderOf(name.path));
 }
 
-// Numbering names the folder only with the file, so whether it was there is seen from the list of
-// folders before.
-void ImportOne(Card& card, const std::string& given) {
+void ImportOne(Card& card, const std::string& given, bool series) {
   const Kind& kind = KindOfFile(given);
   SourceFile source(card.FromOutside(given), Printable(given));
-  const std::vector<std::string> before = EntriesOf("./DCIM");
-  const std::string path = ReserveName(card, kind);
-  const bool madeFolder = !Contains(before, BaseName(FolderOf(path)));
+  const NewName name = ReserveName(card, kind, series);
   try {
-    CopyInto(source, path, card.Shown(path));
-    if (madeFolder) FlushFolder("./DCIM");
+    CopyInto(source, name.path, card.Shown(name.path));
+    if (name.madeFolder) FlushFolder("./DCIM");
   } catch (const Failure&) {
-    GiveUp(card, path, madeFolder);
+    GiveUp(card, name);
     throw;
   }
-  PrintLine(card.Shown(path));
+  PrintLine(card.Shown(name.path));
 }
 
 int RunImport(const ImportOptions& options) {
@@ -61,10 +56,16 @@ int RunImport(const ImportOptions& options) {
   CatchInterrupts();
   Card card(options.naming.card, Access::kRecord);
   ApplyNaming(card, options.naming);
+  size_t done = 0;
   try {
-    for (const std::string& file : options.files) ImportOne(card, file);
-  } catch (const Failure&) {
+    for (const std::string& file : options.files) {
+      if (Interrupted()) throw Failure("interrupted", kStatusInterrupted);
+      ImportOne(card, file, options.naming.series);
+      ++done;
+    }
+  } catch (const Failure& failure) {
     card.RemoveNewEmptyFolders();
+    if (failure.Status() == kStatusInterrupted) return SayInterrupted(done, options.files.size());
     throw;
   }
   return kStatusDone;
@@ -74,17 +75,15 @@ int RunImport(const ImportOptions& options) {
 
 void AddImportCommand(CLI::App& app, Action& action) {
   const auto options = std::make_shared<ImportOptions>();
-  CLI::App& import = *app.add_subcommand("import", "Copy files onto the card under the next names");
-  import.footer(
+  CLI::App& command =
+      *app.add_subcommand("import", "Copy files onto the card under the next names");
+  command.footer(
       "Each copy keeps its time and its path is printed. The first file that cannot be copied ends "
       "the command; copies made before it stay.");
-  AddRoot(import, options->naming.card.root);
-  import.add_option("FILE", options->files, "The files to copy")->required();
-  AddNamingOptions(import, options->naming);
-  import.callback([options, &action] { action = [options] { return RunImport(*options);
-};
-}  // namespace flm::tool
-);
+  AddRoot(command, options->naming.card.root);
+  command.add_option("FILE", options->files, "The files to copy")->required();
+  AddNamingOptions(command, options->naming);
+  command.callback([options, &action] { action = [options] { return RunImport(*options); }; });
 }
 
 }  // namespace flm::tool

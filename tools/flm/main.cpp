@@ -6,6 +6,7 @@
 #include "commands.h"
 #include "failure.h"
 #include "output.h"
+#include "text.h"
 
 namespace {
 
@@ -47,12 +48,39 @@ int Run(const Action& action) {
   }
 }
 
-// Help and version are answered here; anything else that the parser throws is wrong usage.
+// The first word that no command took; "" when the parser objects to something else.
+std::string StrangeWord(const CLI::App& app) {
+  for (const std::string& word : app.remaining(true)) {
+    if (word != "--") return word;
+  }
+  return "";
+}
+
+// Whether the commands that were given still lack one, as `print` alone does.
+bool LacksCommand(const CLI::App& app) {
+  const std::vector<CLI::App*> given = app.get_subcommands();
+  if (given.empty()) return app.get_require_subcommand_min() > 0;
+  return LacksCommand(*given.front());
+}
+
+// What is wrong with the command line. The parser's own message does not name a word that it takes
+// for a misspelt command or option.
+std::string Objection(const CLI::App& app, const CLI::ParseError& error) {
+  const std::string word = StrangeWord(app);
+  const bool strange = error.get_exit_code() == static_cast<int>(CLI::ExitCodes::ExtrasError) ||
+                       error.get_exit_code() == static_cast<int>(CLI::ExitCodes::RequiredError);
+  if (strange && word.size() > 1 && word[0] == '-') {
+    return "no option " + word.substr(0, word.find('='));
+  }
+  if (strange && !word.empty() && LacksCommand(app)) return "no command " + word;
+  return error.what();
+}
+
+// Help and version are answered here; anything else that the parser throws is wrong usage. Its
+// messages quote the command line, which may hold anything.
 int Answer(const CLI::App& app, const CLI::ParseError& error) {
   if (error.get_exit_code() == 0) return app.exit(error);
-  std::string message = error.what();
-  message = message.substr(0, message.find('\n'));
-  flm::tool::Complain(message + " (see flm --help)");
+  flm::tool::Complain(flm::tool::Printable(Objection(app, error)) + " (see flm --help)");
   return flm::tool::kStatusUsage;
 }
 

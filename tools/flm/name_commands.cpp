@@ -24,7 +24,11 @@ struct NameOptions {
 
 const Kind& RequireKind(const std::string& word) {
   const Kind* const kind = FindKind(word);
-  if (kind == nullptr) throw Failure(Printable(word) + " is no kind of file", kStatusUsage);
+  if (kind == nullptr) {
+    const std::string what =
+        word.empty() ? "the kind of file is empty" : Printable(word) + " is no kind of file";
+    throw Failure(what + " (" + KindWords() + ")", kStatusUsage);
+  }
   return *kind;
 }
 
@@ -33,7 +37,7 @@ int RunNew(const NameOptions& options) {
   Card card(options.naming.card, Access::kRecord);
   ApplyNaming(card, options.naming);
   try {
-    PrintLine(card.Shown(ReserveName(card, kind)));
+    PrintLine(card.Shown(ReserveName(card, kind, options.naming.series).path));
   } catch (const Failure&) {
     card.RemoveNewEmptyFolders();
     throw;
@@ -111,11 +115,7 @@ int RunNext(const NameOptions& options) {
   return kStatusDone;
 }
 
-std::string KindsHelp() {
-  std::string text = "The kind of file:";
-  for (const Kind& kind : kKinds) text += std::string(" ") + kind.word;
-  return text;
-}
+std::string KindsHelp() { return "The kind of file: " + KindWords(); }
 
 }  // namespace
 

@@ -1,13 +1,38 @@
 #include "naming.h"
 
+#include <sys/stat.h>
+
 #include <CLI/CLI.hpp>
+#include <cerrno>
 
 #include "base/fixed_sizes.h"
+#include "copy_file.h"
+#include "dcf/dcf_name.h"
 #include "failure.h"
 #include "prefix_check.h"
+#include "series_store.h"
 #include "text.h"
 
 namespace flm::tool {
+namespace {
+
+constexpr char kTree[] = "./DCIM";
+constexpr mode_t kFolderMode = 0775;
+
+// The list hands a name out even when the card refuses its folder. Making it once more tells why.
+void RequireFolder(const Card& card, const std::string& folder) {
+  for (const std::string& path : {std::string(kTree), folder}) {
+    if (IsFolder(path) || mkdir(path.c_str(), kFolderMode) == 0) continue;
+    throw Failure(WithReason("cannot make the folder " + card.Shown(path), errno));
+  }
+}
+
+FileNumber NumberOf(const std::string& path) {
+  return {DirNumberInName(BaseName(FolderOf(path)).c_str()),
+          FileNumberInName(BaseName(path).c_str())};
+}
+
+}  // namespace
 
 const std::vector<Kind> kKinds = {{"jpg", 0}, {"srw", 1}, {"mp4", 2}, {"3gp", 3},
                                   {"mp3", 4}, {"wav", 5}, {"mpo", 6}};
@@ -17,6 +42,12 @@ const Kind* FindKind(const std::string& word) {
     if (Upper(kind.word) == Upper(word)) return &kind;
   }
   return nullptr;
+}
+
+std::string KindWords() {
+  std::string words;
+  for (const Kind& kind : kKinds) words += (words.empty() ? "" : " ") + std::string(kind.word);
+  return words;
 }
 
 void AddNamingOptions(CLI::App& command, NamingOptions& options) {
@@ -53,17 +84,26 @@ void RequireFree(const Card& card, const std::string& path) {
   if (Exists(path)) throw Failure(card.Shown(path) + " is the next name, but it is there already");
 }
 
-std::string ReserveName(Card& card, const Kind& kind) {
+NewName ReserveName(Card& card, const Kind& kind, bool series) {
   RequireRoom(card);
+  // Numbering names the folder only with the file, so whether it was there is seen from the list
+  // of folders before.
+  const std::vector<std::string> before = EntriesOf(kTree);
   char path[kNewNameSize] = {};
   if (card.List().GetNewFileName(path, kind.number) < 0) {
     throw Failure("no file number is left on the card");
   }
   const std::string folder = FolderOf(path);
-  // The list hands the name out even when the card refuses the folder.
-  if (!IsFolder(folder)) throw Failure("cannot make the folder " + card.Shown(folder));
-  RequireFree(card, path);
-  return path;
+  const NewName name = {path, !Contains(before, BaseName(folder))};
+  try {
+    RequireFolder(card, folder);
+    RequireFree(card, path);
+    if (series) RequireStored(NumberOf(name.path));
+  } catch (const Failure&) {
+    if (name.madeFolder) RemoveFolder(folder);
+    throw;
+  }
+  return name;
 }
 
 }  // namespace flm::tool

@@ -19,6 +19,8 @@ struct NamingOptions {
   bool dateFiles = false;
   bool dateFolders = false;
   bool threeD = false;
+
+  NamingOptions() { card.whole = true; }
 };
 
 struct Kind {
@@ -36,8 +38,18 @@ void AddNamingOptions(CLI::App& command, NamingOptions& options);
 // Configures the list after its scan.
 void ApplyNaming(Card& card, const NamingOptions& options);
 
-// Reserves the next name and makes its folder. The library path of the new file. Throws Failure.
-std::string ReserveName(Card& card, const Kind& kind);
+// The words of all kinds, as in "jpg srw".
+std::string KindWords();
+
+// A reserved name.
+struct NewName {
+  std::string path;  // library path of the new file
+  bool madeFolder;   // whether its folder had to be made
+};
+
+// Reserves the next name and makes its folder. With `series` the number must get into the
+// preference store. Throws Failure, and no new folder is left then.
+NewName ReserveName(Card& card, const Kind& kind, bool series);
 
 // Throws Failure unless one more file may be named.
 void RequireRoom(Card& card);

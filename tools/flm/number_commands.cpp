@@ -4,18 +4,13 @@
 
 #include "card.h"
 #include "commands.h"
-#include "dcf/dcf_name.h"
 #include "failure.h"
 #include "numbers.h"
 #include "output.h"
-#include "platform/preference.h"
-#include "text.h"
+#include "series_store.h"
 
 namespace flm::tool {
 namespace {
-
-constexpr int kSeriesCategory = 1;
-constexpr int kSeriesKey = 856;
 
 struct NumberOptions {
   CardOptions card;
@@ -44,24 +39,15 @@ int RunAvail(const NumberOptions& options) {
   return kStatusDone;
 }
 
-// The stored series value as a number; folder 0 when nothing usable is stored.
-FileNumber StoredNumber() {
-  const long stored = pref_get_long(kSeriesCategory, kSeriesKey);
-  const long largest = ToFileIndex({kLastDirNumber, kLastFileNumber});
-  if (stored <= 0 || stored > largest) return {};
-  return FromFileIndex(stored);
-}
-
 void RequireHigher(const FileNumber& wanted, const FileNumber& last, bool force) {
   if (force || ToFileIndex(wanted) > ToFileIndex(last)) return;
   throw Failure(NumberText(wanted) + " is not above " + NumberText(last) +
                 "; --force sets it all the same");
 }
 
-void RequireStored(const FileNumber& wanted) {
-  if (ToFileIndex(StoredNumber()) != ToFileIndex(wanted)) {
-    throw Failure("the preference store did not keep the number");
-  }
+int SayChange(const FileNumber& from, const FileNumber& to) {
+  PrintLine(NumberText(from) + " -> " + NumberText(to));
+  return kStatusDone;
 }
 
 // The series value takes part, so that a number below one that was used on another card is seen.
@@ -71,13 +57,12 @@ int RunSetLast(const NumberOptions& options) {
   card.List().SetSeriesMode(true);
   const FileNumber last = LastOf(card);
   RequireHigher(wanted, last, options.force);
-  PrintLine(NumberText(last) + " -> " + NumberText(wanted));
-  if (options.dryRun) return kStatusDone;
+  if (options.dryRun) return SayChange(last, wanted);
   if (card.List().SetLastIndex(wanted.folder, wanted.file, options.force) < 0) {
     throw Failure("cannot set the last number");
   }
   RequireStored(wanted);
-  return kStatusDone;
+  return SayChange(last, wanted);
 }
 
 int RunSeriesShow() {
@@ -89,13 +74,8 @@ int RunSeriesSet(const NumberOptions& options) {
   const FileNumber wanted = ParseNumber(options.number);
   const FileNumber stored = StoredNumber();
   RequireHigher(wanted, stored, options.force);
-  PrintLine(NumberText(stored) + " -> " + NumberText(wanted));
-  if (options.dryRun) return kStatusDone;
-  if (pref_set_long(kSeriesCategory, kSeriesKey, ToFileIndex(wanted)) != 0) {
-    throw Failure("cannot write the preference store");
-  }
-  RequireStored(wanted);
-  return kStatusDone;
+  if (!options.dryRun) StoreNumber(wanted);
+  return SayChange(stored, wanted);
 }
 
 void AddSetting(CLI::App& command, NumberOptions& options) {

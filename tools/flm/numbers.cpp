@@ -16,6 +16,10 @@ int ParsePart(const std::string& digits) {
 }  // namespace
 
 FileNumber ParseNumber(const std::string& text) {
+  if (text.empty()) {
+    throw Failure("the number is empty: it is a folder and a file number such as 105/0020",
+                  kStatusUsage);
+  }
   const size_t slash = text.find('/');
   FileNumber number;
   number.folder = ParsePart(text.substr(0, slash));
@@ -33,7 +37,7 @@ FileNumber ParseNumber(const std::string& text) {
 }
 
 std::string NumberText(const FileNumber& number) {
-  if (number.folder == 0) return "none";
+  if (number.folder < kFirstDirNumber) return "none";
   return Padded(number.folder, 3) + "/" + Padded(number.file, 4);
 }
 

@@ -15,7 +15,7 @@ struct FileNumber {
 // follows and which the library would take for a fresh start.
 FileNumber ParseNumber(const std::string& text);
 
-std::string NumberText(const FileNumber& number);  // "105/0020", "none" without a folder
+std::string NumberText(const FileNumber& number);  // "105/0020", "none" without a numbered folder
 
 // The same as one number, which is how the library and the preference store keep it.
 long ToFileIndex(const FileNumber& number);

@@ -3,8 +3,10 @@
 #include <unistd.h>
 
 #include <CLI/CLI.hpp>
+#include <array>
 #include <memory>
 #include <nlohmann/json.hpp>
+#include <sstream>
 
 #include "bulk.h"
 #include "commands.h"
@@ -23,6 +25,8 @@ namespace {
 constexpr int kMaxCopies = 99;
 
 struct PrintOptions {
+  PrintOptions() { card.whole = true; }
+
   CardOptions card;
   std::vector<std::string> files;
   bool all = false;
@@ -91,6 +95,7 @@ int RunMark(const PrintOptions& options, Setter setter) {
     throw Failure("no file is named (or --all)", kStatusUsage);
   }
   Card card(options.card, Access::kChange);
+  WarnOfDroppedLines(card);
   BulkOptions bulk;
   bulk.all = options.all;
   bulk.files = options.files;
@@ -106,6 +111,7 @@ int RunMark(const PrintOptions& options, Setter setter) {
 
 int RunIndex(const PrintOptions& options) {
   Card card(options.card, Access::kChange);
+  WarnOfDroppedLines(card);
   card.List().SetDPOFIndex(options.onOff == "on");
   Save(card, options);
   return kStatusDone;
@@ -120,14 +126,33 @@ int RunClear(const PrintOptions& options) {
 
 int RunSave(const PrintOptions& options) {
   Card card(options.card, Access::kChange);
+  WarnOfDroppedLines(card);
   Save(card, options);
   return kStatusDone;
+}
+
+// Whether one of the first lines is the headline that every print order begins with. The list takes
+// any file for an order, and a wrong one would wipe out the order on the card.
+bool IsPrintOrder(const SourceFile& source) {
+  constexpr char kHeadline[] = "[HDR]";
+  std::array<char, 4096> start;
+  const ssize_t got = pread(source.Number(), start.data(), start.size(), 0);
+  if (got <= 0) return false;
+  std::istringstream text(std::string(start.data(), static_cast<size_t>(got)));
+  std::string line;
+  while (std::getline(text, line)) {
+    if (!line.empty() && line.back() == '\r') line.pop_back();
+    if (line == kHeadline) return true;
+  }
+  return false;
 }
 
 // The list reads orders only from the card's own MISC folder, so the file is brought there first.
 int RunLoad(const PrintOptions& options) {
   Card card(options.card, Access::kChange);
   const SourceFile source(card.FromOutside(options.from), Printable(options.from));
+  if (!IsPrintOrder(source)) throw Failure(source.Shown() + " is no print order");
+  if (options.merge) WarnOfDroppedLines(card);
   if (!options.merge) ClearPrintMarks(card);
   std::string path = NewPrintOrderPath();
   unlink(path.c_str());

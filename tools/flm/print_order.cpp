@@ -14,6 +14,8 @@
 #include "dcf/dcf_path.h"
 #include "entries.h"
 #include "failure.h"
+#include "findings.h"
+#include "output.h"
 #include "text.h"
 
 namespace flm::tool {
@@ -38,7 +40,7 @@ void Verify(Card& card, const std::vector<Entry>& wanted) {
   ClearPrintMarks(card);
   std::string path = NewPrintOrderPath();
   if (card.List().LoadDPOFInfo(Arg(path)) != 0)
-    throw Failure("cannot read the new print order back");
+    throw Failure("cannot read the new print order " + card.Shown(path) + " back");
   const std::vector<Entry> found = ReadEntries(card);
   for (size_t i = 0; i < wanted.size(); ++i) {
     if (i < found.size() && SameMarks(wanted[i], found[i])) continue;
@@ -47,19 +49,21 @@ void Verify(Card& card, const std::vector<Entry>& wanted) {
   }
 }
 
-void FlushFile(const std::string& path) {
+void FlushFile(const Card& card, const std::string& path) {
   const Descriptor descriptor(open(path.c_str(), O_RDONLY | O_CLOEXEC));
   if (!descriptor.IsOpen() || fsync(descriptor.Number()) != 0) {
-    throw Failure(WithReason("cannot write the print order", errno));
+    throw Failure(WithReason("cannot write the print order " + card.Shown(path), errno));
   }
 }
 
-void ReplaceOrder() {
-  FlushFile(NewPrintOrderPath());
+void ReplaceOrder(const Card& card) {
+  FlushFile(card, NewPrintOrderPath());
   if (rename(NewPrintOrderPath().c_str(), PrintOrderPath().c_str()) != 0) {
-    throw Failure(WithReason("cannot replace the print order", errno));
+    const int error = errno;
+    throw Failure(
+        WithReason("cannot replace the print order " + card.Shown(PrintOrderPath()), error));
   }
-  FlushFile(PrintOrderPath());
+  FlushFile(card, PrintOrderPath());
   FlushFolder(FolderOf(PrintOrderPath()));
 }
 
@@ -89,6 +93,13 @@ std::string PrintOrderCreator() {
   return "";
 }
 
+void WarnOfDroppedLines(Card& card) {
+  const int lines = CountDroppedLines(ReadPaths(card));
+  if (lines == 0) return;
+  Complain(Counted(lines, "line") + " of the print order " + (lines == 1 ? "is" : "are") +
+           " not understood and will be dropped (see flm check)");
+}
+
 void ClearPrintMarks(Card& card) {
   card.List().SetDPOFAll(0);
   card.List().SetDPOFIndex(false);
@@ -103,7 +114,7 @@ void SavePrintOrder(Card& card, std::string creator) {
       throw Failure(WithReason("cannot write " + card.Shown(path), errno));
     }
     Verify(card, wanted);
-    ReplaceOrder();
+    ReplaceOrder(card);
   } catch (const Failure&) {
     unlink(path.c_str());
     throw;

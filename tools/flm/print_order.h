@@ -18,6 +18,10 @@ bool HasPrintOrder();
 // The name of the device that made it, at most as much of it as the list keeps; "" for none.
 std::string PrintOrderCreator();
 
+// Says on standard error, in one line, when the card's order has lines that are not understood:
+// whatever writes the order again drops them.
+void WarnOfDroppedLines(Card& card);
+
 // Takes every print mark away, in memory.
 void ClearPrintMarks(Card& card);
 

@@ -2,6 +2,7 @@
 #include <sys/stat.h>
 
 #include <CLI/CLI.hpp>
+#include <cerrno>
 #include <memory>
 
 #include "bulk.h"
@@ -13,18 +14,29 @@
 namespace flm::tool {
 namespace {
 
+constexpr mode_t kAllModes = 07777;
+
 bool HasProtection(const std::string& path, bool on) {
   struct stat status;
   return stat(path.c_str(), &status) == 0 && ((status.st_mode & S_IWUSR) == 0) == on;
 }
 
-// The list answers with the result of the last companion; only the card tells about every file.
-bool AllHaveProtection(const Entry& entry, bool on) {
-  bool all = HasProtection(entry.Path(), on);
+// The first of a file and its companions that lacks the protection, "" for none. The list answers
+// with the result of the last companion; only the card tells about every file.
+std::string FirstWithout(const Entry& entry, bool on) {
+  if (!HasProtection(entry.Path(), on)) return entry.Path();
   for (const std::string& companion : entry.companions) {
-    if (Exists(companion) && !HasProtection(companion, on)) all = false;
+    if (Exists(companion) && !HasProtection(companion, on)) return companion;
   }
-  return all;
+  return "";
+}
+
+// `what` with the reason why it failed on a file, for which the system is asked once more.
+std::string WithModeReason(const std::string& what, const std::string& path, bool on) {
+  struct stat status;
+  if (stat(path.c_str(), &status) != 0) return WithReason(what, errno);
+  const mode_t mode = on ? status.st_mode & ~mode_t{S_IWUSR} : status.st_mode | S_IWUSR;
+  return chmod(path.c_str(), mode & kAllModes) == 0 ? what : WithReason(what, errno);
 }
 
 std::string WithCompanions(const Card& card, const Entry& entry) {
@@ -38,12 +50,14 @@ std::string Verb(bool on) { return on ? "protect" : "unprotect"; }
 
 // Says what became of a file, judged by the card itself; whether it worked.
 bool Tell(const Card& card, const Entry& entry, bool on, bool quiet) {
-  const std::string shown = WithCompanions(card, entry);
-  if (!AllHaveProtection(entry, on)) {
-    Complain("cannot " + Verb(on) + " " + shown);
+  const std::string failed = FirstWithout(entry, on);
+  if (!failed.empty()) {
+    const std::string companion = failed == entry.Path() ? "" : "the companion ";
+    Complain(
+        WithModeReason("cannot " + Verb(on) + " " + companion + card.Shown(failed), failed, on));
     return false;
   }
-  if (!quiet) PrintLine(Verb(on) + "ed " + shown);
+  if (!quiet) PrintLine(Verb(on) + "ed " + WithCompanions(card, entry));
   return true;
 }
 
@@ -54,6 +68,7 @@ int DryRun(const Card& card, const std::vector<Entry>& targets, bool on) {
 }
 
 int RunProtect(const BulkOptions& options, bool on) {
+  BeginBulk(options);
   Card card(options.card, options.dryRun ? Access::kLook : Access::kChange);
   std::vector<Entry> targets = BulkTargets(card, options);
   if (options.dryRun) return DryRun(card, targets, on);

@@ -4,9 +4,11 @@
 #include <CLI/CLI.hpp>
 #include <cerrno>
 #include <memory>
+#include <set>
 
 #include "bulk.h"
 #include "commands.h"
+#include "copy_file.h"
 #include "failure.h"
 #include "output.h"
 #include "print_order.h"
@@ -36,30 +38,52 @@ std::string NameList(const std::vector<std::string>& paths) {
 
 bool IsKept(const Entry& entry, bool force) { return entry.item.isProtected != 0 && !force; }
 
+void SayMissing(const Card& card, const std::string& path) {
+  Complain(WithReason("cannot remove " + card.Shown(path), ENOENT));
+}
+
 int DryRun(const Card& card, const std::vector<Entry>& targets, bool force) {
+  int status = kStatusDone;
   for (const Entry& entry : targets) {
     const std::string shown = card.Shown(entry.Path());
-    if (IsKept(entry, force)) {
+    if (!Exists(entry.Path())) {
+      SayMissing(card, entry.Path());
+      status = kStatusFailed;
+    } else if (IsKept(entry, force)) {
       PrintLine("would keep " + shown + ", which is protected");
     } else {
       PrintLine("would remove " + shown + NameList(entry.companions));
     }
   }
-  return kStatusDone;
+  return status;
 }
 
 // Why a file of this folder cannot be removed, as far as the system tells.
 std::string Reason(const std::string& path) {
   if (access(FolderOf(path).c_str(), W_OK) != 0) return WithReason("", errno);
-  return "";
+  return IsFolder(path) ? WithReason("", EISDIR) : "";
 }
 
-// What became of each file, judged by the card itself.
+// What became of each file, judged by the card itself. A file that was not there under its listed
+// name before must not pass for removed, so this is made before the list deletes anything.
 class Outcome {
  public:
-  Outcome(const Card& card, const RemoveOptions& options) : card_(card), options_(options) {}
+  Outcome(Card& card, const RemoveOptions& options, const std::vector<Entry>& targets)
+      : card_(card), options_(options), newest_(FolderOf(PathOfLast(card))) {
+    for (const Entry& entry : targets) {
+      if (!Exists(entry.Path())) missing_.insert(entry.index);
+      folders_.insert(FolderOf(entry.Path()));
+    }
+  }
+
+  bool WasMissing(const Entry& entry) const { return missing_.count(entry.index) != 0; }
 
   void Tell(const Entry& entry) {
+    if (WasMissing(entry)) {
+      SayMissing(card_, entry.Path());
+      failed_ = true;
+      return;
+    }
     if (Exists(entry.Path())) {
       TellKept(entry);
       return;
@@ -77,10 +101,26 @@ class Outcome {
     if (!options_.bulk.quiet) PrintLine("removed " + card_.Shown(entry.Path()) + NameList(gone));
   }
 
+  // Emptied folders go with their files, except the one that new files go on into.
+  void TellFolders() {
+    if (removed_ == 0) return;
+    for (const std::string& folder : folders_) {
+      if (folder == newest_ || !IsFolder(folder) || !EntriesOf(folder).empty()) continue;
+      if (access(FolderOf(folder).c_str(), W_OK) == 0) continue;
+      Complain(WithReason("cannot remove the folder " + card_.Shown(folder), errno));
+      failed_ = true;
+    }
+  }
+
   size_t Removed() const { return removed_; }
   int Status() const { return failed_ ? kStatusFailed : kStatusDone; }
 
  private:
+  static std::string PathOfLast(Card& card) {
+    CQFileListItem item;
+    return card.List().GetLast(&item, false) == 0 ? item.filePath : "";
+  }
+
   void TellKept(const Entry& entry) {
     failed_ = true;
     const std::string shown = card_.Shown(entry.Path());
@@ -93,6 +133,9 @@ class Outcome {
 
   const Card& card_;
   const RemoveOptions& options_;
+  std::string newest_;             // the folder of the last file
+  std::set<std::string> folders_;  // of the files to remove
+  std::set<int> missing_;          // indexes
   size_t removed_ = 0;
   bool failed_ = false;
 };
@@ -100,36 +143,47 @@ class Outcome {
 // The list's own operation flushes the card now and then instead of after every file. It gives up
 // at the first file that cannot be removed, which is then the first one left that need not be kept.
 int RunRemoveAll(Card& card, const RemoveOptions& options, const std::vector<Entry>& targets) {
+  WarnOfDroppedLines(card);
+  Outcome outcome(card, options, targets);
   Progress progress(options.bulk.quiet);
   const int result = card.List().DeleteAll(options.force, Progress::Report);
   const bool gaveUp = result == kNotUnprotected || result == kNotRemoved;
   const bool finished = !progress.Cancelled() || card.Count() == 0;
   progress.Wipe();
-  Outcome outcome(card, options);
   for (const Entry& entry : targets) {
     const bool reached = finished || !Exists(entry.Path());
     if (reached) outcome.Tell(entry);
     if (gaveUp && Exists(entry.Path()) && !IsKept(entry, options.force)) break;
   }
-  if (result == kNotSaved) throw Failure("the files are removed, but the print order is not saved");
+  outcome.TellFolders();
+  if (result == kNotSaved) {
+    throw Failure("the files are removed, but the print order " + card.Shown(PrintOrderPath()) +
+                  " is not saved");
+  }
   return finished ? outcome.Status() : SayInterrupted(outcome.Removed(), targets.size());
 }
 
 int RunRemoveSome(Card& card, const RemoveOptions& options, std::vector<Entry>& targets) {
+  Outcome outcome(card, options, targets);
   const size_t handled = ForEachTarget(targets, options.bulk.quiet, [&](Entry& entry) {
-    card.List().Delete(&entry.item, options.force, false);
+    if (!outcome.WasMissing(entry)) card.List().Delete(&entry.item, options.force, false);
   });
-  Outcome outcome(card, options);
   for (size_t i = 0; i < handled; ++i) outcome.Tell(targets[i]);
-  if (outcome.Removed() > 0 && HasPrintOrder()) SavePrintOrder(card, PrintOrderCreator());
+  outcome.TellFolders();
+  if (outcome.Removed() > 0 && HasPrintOrder()) {
+    WarnOfDroppedLines(card);
+    SavePrintOrder(card, PrintOrderCreator());
+  }
   return handled == targets.size() ? outcome.Status()
                                    : SayInterrupted(outcome.Removed(), targets.size());
 }
 
 int RunRemove(const RemoveOptions& options) {
+  BeginBulk(options.bulk);
   Card card(options.bulk.card, options.bulk.dryRun ? Access::kLook : Access::kChange);
   std::vector<Entry> targets = BulkTargets(card, options.bulk);
   if (options.bulk.dryRun) return DryRun(card, targets, options.force);
+  if (HasPrintOrder()) card.RequireReadable();
   Confirm(options.bulk, "remove", targets.size());
   if (targets.empty()) return kStatusDone;
   // Deletion rewrites the print order; whoever made it stays named in it.
