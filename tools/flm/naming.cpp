@@ -94,7 +94,7 @@ NewName ReserveName(Card& card, const Kind& kind, bool series) {
     throw Failure("no file number is left on the card");
   }
   const std::string folder = FolderOf(path);
-  const NewName name = {path, !Contains(before, BaseName(folder))};
+  NewName name = {path, !Contains(before, BaseName(folder))};
   try {
     RequireFolder(card, folder);
     RequireFree(card, path);

@@ -24,7 +24,7 @@ std::string Variable(const char* name) {
 
 // The file that the store uses, for messages: the store itself does not tell its name.
 std::string StoreFile() {
-  const std::string named = Variable("FLM_PREFERENCE_FILE");
+  std::string named = Variable("FLM_PREFERENCE_FILE");
   if (!named.empty()) return named;
   const std::string state = Variable("XDG_STATE_HOME");
   const std::string folder = StartsWith(state, "/") ? state : Variable("HOME") + "/.local/state";
