@@ -13,6 +13,7 @@
 #define FILELISTMANAGEMENT_DCF_CQDCFLIST_H
 
 #include <cstdint>
+#include <initializer_list>
 
 #include "base/fixed_sizes.h"
 #include "dcf/CQDCFDir.h"
@@ -259,6 +260,7 @@ class CQDCFList {
   // Scan and numbering.
   void TakeFolders(class PCQDCFFSIO& reader, bool withCamera);
   void ListFolders(int stopAtFirst);
+  bool CanName(std::initializer_list<const char*> texts) const;
   int NextIndex(const char* dirSuffix) const;
   bool HasNumber(int dirNumber) const;
   int SlotNamed(int dirNumber, const char* dirSuffix) const;

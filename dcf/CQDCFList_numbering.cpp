@@ -85,10 +85,17 @@ int CQDCFList::SetLastIndex(const char* path, bool force) {
   return BackupSeriesValue(&lastIndex_);
 }
 
+// Whether there is a table and a root to name into, and every text that a name needs.
+bool CQDCFList::CanName(std::initializer_list<const char*> texts) const {
+  for (const char* const text : texts) {
+    if (text == nullptr) return false;
+  }
+  return dirTable_ != nullptr && HasRoot();
+}
+
 int CQDCFList::GetNewFileName(const char* prefix, const char* ext, char* out, int outSize,
                               bool noSeries, const char* dirSuffix) {
-  if (prefix == nullptr || ext == nullptr || out == nullptr || dirSuffix == nullptr) return -1;
-  if (dirTable_ == nullptr || !HasRoot() || itemCount_ >= flm::kMaxFiles) return -1;
+  if (!CanName({prefix, ext, out, dirSuffix}) || itemCount_ >= flm::kMaxFiles) return -1;
   if (!noSeries) UpdateLastIndexWithSeriesValue();
   int index = GetNewFileIndex(prefix, ext, out, outSize, dirSuffix);
   if (index < 0) return index;
@@ -144,8 +151,7 @@ int CQDCFList::SlotNamed(int dirNumber, const char* dirSuffix) const {
 
 int CQDCFList::GetNewFileIndex(const char* prefix, const char* ext, char* out, int outSize,
                                const char* dirSuffix) {
-  if (prefix == nullptr || ext == nullptr || out == nullptr || dirSuffix == nullptr) return -1;
-  if (dirTable_ == nullptr || !HasRoot()) return -1;
+  if (!CanName({prefix, ext, out, dirSuffix})) return -1;
   const int index = NextIndex(dirSuffix);
   if (index < 0) return index;
   const int result = GetNewFileIndex_SetInfo(index, prefix, ext, out, outSize, dirSuffix);
@@ -183,8 +189,7 @@ void CQDCFList::PrepareSlot(int slot, int dirNumber, const char* dirSuffix) {
 
 int CQDCFList::GetNewFileIndex_SetInfo(int index, const char* prefix, const char* ext, char* out,
                                        int outSize, const char* dirSuffix) {
-  if (prefix == nullptr || ext == nullptr || out == nullptr || dirSuffix == nullptr) return -1;
-  if (index < 0 || dirTable_ == nullptr || !HasRoot()) return -1;
+  if (index < 0 || !CanName({prefix, ext, out, dirSuffix})) return -1;
   const int dirNumber = index / flm::kFileIndexBase;
   const int fileNumber = index % flm::kFileIndexBase;
   int slot = SlotNamed(dirNumber, dirSuffix);

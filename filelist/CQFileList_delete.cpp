@@ -58,10 +58,11 @@ bool IsCancelled(ProgressCallback callback, int index, int total, int* status) {
 // A path of another card must never be removed through this list, nor one that climbs out of it: no
 // path of the catalogue goes upwards.
 bool CQFileList::IsOnThisCard(const char* path) const {
-  if (catalogue_ == nullptr || path == nullptr || std::strstr(path, "/..") != nullptr) return false;
+  if (catalogue_ == nullptr || path == nullptr) return false;
   const char* const root = catalogue_->GetBaseURI();
   const size_t length = std::strlen(root);
-  return length > 0 && BeginsWith(path, root) && path[length] == '/';
+  if (length == 0 || !BeginsWith(path, root) || path[length] != '/') return false;
+  return std::strstr(path + length, "/../") == nullptr;
 }
 
 int CQFileList::DCF_RemoveFile(char* path, bool sync) {

@@ -65,6 +65,16 @@ TEST_F(OddInput, APathThatClimbsOutOfTheCardIsNotRemoved) {
   EXPECT_TRUE(card.Exists("DCIM/100PHOTO/QVX_0001.JPG"));
 }
 
+TEST_F(OddInput, ARootThatGoesUpwardsItselfLosesNoDeletion) {
+  MakeFivePictures();
+  card.MakeDir("side");
+  list.SetBaseURI(On("side/..").c_str());
+  list.SetType(kAllModesList);
+  ASSERT_EQ(5, list.Listup(0));
+  EXPECT_EQ(0, list.DCF_RemoveFile(Arg(On("side/../DCIM/100PHOTO/QVX_0001.JPG")), false));
+  EXPECT_FALSE(card.Exists("DCIM/100PHOTO/QVX_0001.JPG"));
+}
+
 TEST_F(OddInput, AnUnusableRootLeavesNothingOfAnEarlierScan) {
   MakeFivePictures();
   ASSERT_EQ(5, Scan());

@@ -31,7 +31,7 @@ bool Cancelled(ProgressCallback callback, int index, int total, int status) {
 // The card is the one that the catalogue stands on.
 bool ModelList::IsBelowRoot(const std::string& path) const {
   std::string root = catalogue_ ? catalogue_->GetBaseURI() : "";
-  bool upwards = path.find("/..") != std::string::npos;
+  bool upwards = path.find("/../") != std::string::npos;
   return !root.empty() && !upwards && StartsWith(path, root + "/");
 }
 
