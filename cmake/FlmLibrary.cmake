@@ -12,6 +12,7 @@ set(flm_sources
     dcf/CQDCFItemList.cpp
     dcf/CQDCFList.cpp
     dcf/CQDCFList_change.cpp
+    dcf/CQDCFList_info_walk.cpp
     dcf/CQDCFList_lookup.cpp
     dcf/CQDCFList_marks.cpp
     dcf/CQDCFList_numbering.cpp
@@ -22,6 +23,8 @@ set(flm_sources
     dcf/DCFItem.cpp
     dcf/dcf_name.cpp
     dcf/dcf_path.cpp
+    dcf/folder_index.cpp
+    dcf/item_index.cpp
     dpof/CQDPOF.cpp
     dpof/CQDPOF_load.cpp
     dpof/CQFileReader.cpp
@@ -39,6 +42,8 @@ set(flm_sources
     fsio/PCQDCFFSIO.cpp
     fsio/PCQDCFFSIO_change.cpp
     fsio/PCQDCFFSIO_status.cpp
+    fsio/file_status.cpp
+    fsio/folder_listing.cpp
     fsio/os_calls.cpp)
 
 # An object file of its own: in the archive it gives way to a program's own two functions.

@@ -85,26 +85,32 @@ DCFItem* CQDCFDir::AddFile(DCFItem* item, int fileNumber, const char* name, int*
     if (added != nullptr) ++*added;
   }
   if (item == nullptr) return nullptr;
+  Change(item, true, [&] { FillNew(item, fileNumber, name, time); });
+  return item;
+}
+
+void CQDCFDir::FillNew(DCFItem* item, int fileNumber, const char* name, unsigned int time) const {
   item->companionSrw = '\0';
   item->companionWav = '\0';
   item->companionMpo = '\0';
   item->dpofCopies = 0;
   item->dpofIndex = 0;
   item->dpofSize = 0;
-  SetFileName(item, name);
+  StoreFileName(item, name);
   item->fileNumber = static_cast<int16_t>(fileNumber);
   item->setFileTime(time);
   item->dirNumber = dirNumber_;
-  return item;
 }
 
 int CQDCFDir::RemoveItem(DCFItem* item) {
   if (item == nullptr || items_ == nullptr) return -1;
+  // Out of the list first: its look-ups find the item by what is cleared below.
+  const int result = items_->DeleteItemAt(item);
   item->fileNumber = 0;
   item->dpofCopies = 0;
   item->itemBits = 0;
   std::memset(item->prefixChars, 0, sizeof(item->prefixChars));
-  return items_->DeleteItemAt(item);
+  return result;
 }
 
 int CQDCFDir::SetObject(const char* name) {

@@ -126,6 +126,18 @@ class CQDCFDir {
   // a list, -1 when nothing matches.
   int GetFidx(int fileNumber, const char* path) const;
 
+  // What the catalogue's walks ask; null, 0 or none without a list.
+  DCFItem* GetItemAt(int position) const;
+  DCFItem* NextWith(const DCFItem* from, flm::ItemFlags flags) const;
+  DCFItem* PreviousWith(const DCFItem* from, flm::ItemFlags flags) const;
+  int PositionOf(const DCFItem* item) const;
+  int CountOfBit(int bit) const;
+  // The first item of a number with these free characters.
+  DCFItem* FindItem(int fileNumber, const char* prefix) const;
+  // The first item that says it lies in a folder of free names and whose name occurs in the path,
+  // or that does not say so and has the number.
+  DCFItem* FindForInfo(int fileNumber, const char* path) const;
+
   // --- Scan and order ---------------------------------------------------------------------------
   // Reads the folder and makes its items; catalogueItems is the number of items that the catalogue
   // holds already, and 32000 in all end the reading. A folder that cannot be opened has no files.
@@ -137,9 +149,24 @@ class CQDCFDir {
  private:
   struct Scan;  // the state of one reading of the folder
 
+  // Every write into an item goes through here, so that look-ups know of it.
+  template <typename Write>
+  void Change(DCFItem* item, bool renames, Write write) {
+    if (items_ == nullptr) {
+      write();
+    } else {
+      items_->Change(item, renames, write);
+    }
+  }
+  static void StorePrefix(DCFItem* item, const char* name);
+  static void StoreFileName(DCFItem* item, const char* name);
+  static void StorePrefixCode(DCFItem* item, int code);
+  void FillNew(DCFItem* item, int fileNumber, const char* name, unsigned int time) const;
+
   void ScanEntries(Scan& scan);
-  bool TakeEntry(Scan& scan, char* name);
-  void TakeCompanion(Scan& scan, const char* name, int fileNumber);
+  bool TakeEntry(Scan& scan, int entry);
+  void TakeCompanion(Scan& scan, int entry, const char* name, int fileNumber);
+  static bool IsThere(Scan& scan, int entry, const char* path, const char* name);
   void JoinDeferred(Scan& scan);
   void JoinCompanion(Scan& scan, const char* name, unsigned int time);
 

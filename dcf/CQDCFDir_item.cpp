@@ -68,27 +68,35 @@ int CQDCFDir::GetBin(unsigned char v, char* out) {
   return 0;
 }
 
-int CQDCFDir::SetPrefix(DCFItem* item, int code) {
-  if (item == nullptr) return -1;
+void CQDCFDir::StorePrefixCode(DCFItem* item, int code) {
   const int known = code >= 1 && code <= kLastPrefixCode ? code : 0;
   item->itemBits = static_cast<uint8_t>((item->itemBits & ~(kPrefixMask << kPrefixShift)) |
                                         known << kPrefixShift);
+}
+
+int CQDCFDir::SetPrefix(DCFItem* item, int code) {
+  if (item == nullptr) return -1;
+  Change(item, false, [&] { StorePrefixCode(item, code); });
   return 0;
 }
 
-int CQDCFDir::SetPrefix(DCFItem* item, const char* name) {
-  if (item == nullptr || name == nullptr) return -1;
+void CQDCFDir::StorePrefix(DCFItem* item, const char* name) {
   char free[flm::kPrefixSize + 1];
   flm::CopyText(free, sizeof(free), name);
   flm::UpperCase(free);
-  SetPrefix(item, flm::PrefixCode(free));
+  StorePrefixCode(item, flm::PrefixCode(free));
   const size_t length = std::strlen(name);
-  const size_t prefixLength = strnlen(name, flm::kPrefixSize);
+  const size_t prefixLength = length < flm::kPrefixSize ? length : flm::kPrefixSize;
   const size_t extLength = length < flm::kExtensionSize ? length : flm::kExtensionSize;
   std::memset(item->prefixChars, 0, sizeof(item->prefixChars));
   std::memset(item->extChars, 0, sizeof(item->extChars));
   std::memcpy(item->prefixChars, name, prefixLength);
   std::memcpy(item->extChars, name + length - extLength, extLength);
+}
+
+int CQDCFDir::SetPrefix(DCFItem* item, const char* name) {
+  if (item == nullptr || name == nullptr) return -1;
+  Change(item, false, [&] { StorePrefix(item, name); });
   return 0;
 }
 
@@ -98,11 +106,16 @@ int CQDCFDir::GetPrefix(DCFItem* item) {
 
 int CQDCFDir::GetPrefixCode(DCFItem* item) { return GetPrefix(item); }
 
+void CQDCFDir::StoreFileName(DCFItem* item, const char* name) {
+  flm::CopyText(item->fileName, flm::kFileNameSize, name);
+  StorePrefix(item, name);
+  item->itemBits |= kTopBit >> flm::kItemBitEnabled;
+}
+
 int CQDCFDir::SetFileName(DCFItem* item, const char* name) {
   if (item == nullptr || name == nullptr) return -1;
-  flm::CopyText(item->fileName, flm::kFileNameSize, name);
-  SetPrefix(item, name);
-  return SetItemBit(item, flm::kItemBitEnabled, true);
+  Change(item, true, [&] { StoreFileName(item, name); });
+  return 0;
 }
 
 bool CQDCFDir::GetItemBit(DCFItem* item, int n) {
@@ -112,7 +125,9 @@ bool CQDCFDir::GetItemBit(DCFItem* item, int n) {
 int CQDCFDir::SetItemBit(DCFItem* item, int n, bool on) {
   if (item == nullptr || !IsItemBit(n)) return -1;
   const int mask = kTopBit >> n;
-  item->itemBits = static_cast<uint8_t>(on ? item->itemBits | mask : item->itemBits & ~mask);
+  Change(item, false, [&] {
+    item->itemBits = static_cast<uint8_t>(on ? item->itemBits | mask : item->itemBits & ~mask);
+  });
   return 0;
 }
 
@@ -122,19 +137,22 @@ int CQDCFDir::GetItemInfo(DCFItem* item, int index) {
 }
 
 int CQDCFDir::SetItemInfo(DCFItem* item, int index, unsigned char v) {
-  if (items_ != nullptr && item != nullptr && IsInfoByte(index)) BytesOf(item)[index] = v;
+  if (items_ != nullptr && item != nullptr && IsInfoByte(index)) {
+    const bool renames = index >= static_cast<int>(offsetof(DCFItem, fileName));
+    Change(item, renames, [&] { BytesOf(item)[index] = v; });
+  }
   return IsEmpty();
 }
 
 int CQDCFDir::SetFnum(DCFItem* item, short fileNumber) {
   if (item == nullptr) return -1;
-  item->fileNumber = fileNumber;
+  Change(item, false, [&] { item->fileNumber = fileNumber; });
   return 0;
 }
 
 int CQDCFDir::SetDnum(DCFItem* item, short /*ignored*/) {
   if (item == nullptr) return -1;
-  item->dirNumber = dirNumber_;
+  Change(item, false, [&] { item->dirNumber = dirNumber_; });
   return 0;
 }
 

@@ -9,10 +9,7 @@ namespace {
 
 constexpr int kNumbersPerFolder = 100;
 
-// One rule for "the item's name is the last part of the path".
-bool HasName(const DCFItem* item, const char* name) {
-  return std::strncmp(item->fileName, name, flm::kFileNameSize) == 0;
-}
+bool Any(const DCFItem* /*item*/) { return true; }
 
 }  // namespace
 
@@ -26,36 +23,59 @@ DCFItem* CQDCFDir::GetPrevItem(DCFItem* item) const {
   return item == nullptr ? nullptr : item->prev;
 }
 
-DCFItem* CQDCFDir::GetLastItem() const {
-  return items_ == nullptr ? nullptr : items_->GetItemAt(items_->GetCount() - 1);
-}
+DCFItem* CQDCFDir::GetLastItem() const { return items_ == nullptr ? nullptr : items_->Last(); }
 
 DCFItem* CQDCFDir::GetItem(int fileNumber) const {
-  for (DCFItem* item = GetFirstItem(); item != nullptr; item = item->next) {
-    if (item->fileNumber == fileNumber) return item;
-  }
-  return nullptr;
+  return items_ == nullptr ? nullptr : items_->FirstOfNumber(fileNumber, Any);
 }
 
 DCFItem* CQDCFDir::GetItem(int fileNumber, const char* path) const {
-  if (path == nullptr) return nullptr;
-  if (dirNumber_ == flm::kCameraNumber) {
-    const char* const name = flm::FileNameInPath(path);
-    for (DCFItem* item = GetFirstItem(); item != nullptr; item = item->next) {
-      if (HasName(item, name)) return item;
-    }
-    return nullptr;
-  }
+  if (path == nullptr || items_ == nullptr) return nullptr;
+  if (dirNumber_ == flm::kCameraNumber) return items_->FirstOfName(flm::FileNameInPath(path));
   const char* const prefix = flm::PrefixInPath(path);
   const char* const extension = flm::ExtensionInPath(path);
   if (prefix == nullptr || extension == nullptr) return nullptr;
-  for (DCFItem* item = GetFirstItem(); item != nullptr; item = item->next) {
-    if (item->fileNumber == fileNumber && item->extChars[0] == extension[0] &&
-        std::memcmp(item->prefixChars, prefix, flm::kPrefixSize) == 0) {
-      return item;
-    }
-  }
-  return nullptr;
+  return items_->FirstOfNumber(fileNumber, [&](const DCFItem* item) {
+    return item->extChars[0] == extension[0] &&
+           std::memcmp(item->prefixChars, prefix, flm::kPrefixSize) == 0;
+  });
+}
+
+DCFItem* CQDCFDir::FindItem(int fileNumber, const char* prefix) const {
+  if (items_ == nullptr) return nullptr;
+  return items_->FirstOfNumber(fileNumber, [&](const DCFItem* item) {
+    return std::memcmp(item->prefixChars, prefix, flm::kPrefixSize) == 0;
+  });
+}
+
+DCFItem* CQDCFDir::FindForInfo(int fileNumber, const char* path) const {
+  if (items_ == nullptr) return nullptr;
+  DCFItem* const numbered = items_->FirstOfNumber(
+      fileNumber, [](const DCFItem* item) { return item->dirNumber != flm::kCameraNumber; });
+  if (items_->NextWith(nullptr, flm::kFlagFree) == nullptr) return numbered;
+  DCFItem* const named = items_->FirstNameWithin(path, flm::kFlagFree);
+  if (numbered == nullptr || named == nullptr) return numbered == nullptr ? named : numbered;
+  return items_->PositionOf(named) < items_->PositionOf(numbered) ? named : numbered;
+}
+
+DCFItem* CQDCFDir::GetItemAt(int position) const {
+  return items_ == nullptr ? nullptr : items_->GetItemAt(position);
+}
+
+DCFItem* CQDCFDir::NextWith(const DCFItem* from, flm::ItemFlags flags) const {
+  return items_ == nullptr ? nullptr : items_->NextWith(from, flags);
+}
+
+DCFItem* CQDCFDir::PreviousWith(const DCFItem* from, flm::ItemFlags flags) const {
+  return items_ == nullptr ? nullptr : items_->PreviousWith(from, flags);
+}
+
+int CQDCFDir::PositionOf(const DCFItem* item) const {
+  return items_ == nullptr ? 0 : items_->PositionOf(item);
+}
+
+int CQDCFDir::CountOfBit(int bit) const {
+  return items_ == nullptr || bit < 0 || bit >= flm::kItemBitCount ? 0 : items_->CountOfBit(bit);
 }
 
 bool CQDCFDir::GetItemBit(int fileNumber, int n) { return GetItemBit(GetItem(fileNumber), n); }
@@ -79,16 +99,12 @@ int CQDCFDir::GetFidx(int fileNumber, const char* path) const {
   if (items_->GetCount() < 1 || path == nullptr) return -1;
   if (flm::HasCameraWord(path)) {
     // A number instead of a position: callers know which of the two they asked for.
-    for (DCFItem* item = GetFirstItem(); item != nullptr; item = item->next) {
-      if (std::strstr(path, item->fileName) != nullptr) return item->fileNumber;
-    }
-    return -1;
+    const DCFItem* const named = items_->FirstNameWithin(path, 0);
+    return named == nullptr ? -1 : named->fileNumber;
   }
   const char* const extension = flm::ExtensionInPath(path);
   if (extension == nullptr) return -1;
-  int position = 0;
-  for (DCFItem* item = GetFirstItem(); item != nullptr; item = item->next, ++position) {
-    if (item->fileNumber == fileNumber && item->extChars[0] == extension[0]) return position;
-  }
-  return -1;
+  const DCFItem* const found = items_->FirstOfNumber(
+      fileNumber, [&](const DCFItem* item) { return item->extChars[0] == extension[0]; });
+  return found == nullptr ? -1 : items_->PositionOf(found);
 }

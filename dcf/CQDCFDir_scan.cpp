@@ -3,6 +3,7 @@
 // the buffer for them is allocated once, and when it is full each further one is joined at once.
 // Proven by dir_scan_test.
 #include <cstdint>
+#include <cstring>
 #include <memory>
 #include <new>
 
@@ -12,41 +13,43 @@
 #include "dcf/dcf_path.h"
 #include "dcf/item_layout.h"
 #include "fsio/PCQDCFFSIO.h"
+#include "fsio/folder_listing.h"
 
 namespace {
 
 constexpr size_t kDeferredBufferSize = 65536;
 constexpr int kMaxDeferred = static_cast<int>(kDeferredBufferSize / flm::kDcfNameLength);
 constexpr int kStemSize = 8;  // the name without point and extension
+constexpr int kNearby = 64;   // so many names of one number are looked through
 constexpr int kNoReader = -1;
 constexpr int kNoBuffer = -100;
-constexpr int kPatternSize = 16;
 
-constexpr int kModeHdMovies = 10;
-constexpr int kModeSdMovies = 20;
-
-// The reader lists every name whatever the pattern says; it is handed on for readers that select.
-const char* PatternOf(int mode) {
-  switch (mode) {
-    case flm::kModeStillPlain:
-      return "CAM*";
-    case kModeHdMovies:
-      return "HD*";
-    case kModeSdMovies:
-      return "SD*";
-    default:
-      return "";
+// Whether the picture of a companion is listed near it: in DCF order the names of one number stand
+// together, the picture in front of its companions.
+bool IsListed(const flm::FolderListing& listing, int entry, const char* name) {
+  const int farthest = entry > kNearby ? entry - kNearby : 0;
+  for (int at = entry - 1; at >= farthest; --at) {
+    const char* const listed = listing.Name(at);
+    if (std::strncmp(listed, name, flm::kNumberAt) == 0 && std::strcmp(listed, name) == 0)
+      return listing.IsNoLink(at);
+    const bool sameNumber =
+        flm::BoundedLength(listed, kStemSize) == kStemSize &&
+        std::memcmp(listed + flm::kNumberAt, name + flm::kNumberAt, flm::kNumberDigits) == 0;
+    if (!sameNumber) return false;
   }
+  return false;
 }
 
 }  // namespace
 
 struct CQDCFDir::Scan {
-  std::unique_ptr<PCQDCFFSIO> reader;
+  std::unique_ptr<flm::FolderListing> listing;
   std::unique_ptr<char[]> names;           // deferred companions, 12 bytes each
   std::unique_ptr<unsigned char[]> times;  // their times, 4 bytes each
   int deferred = 0;
   char folder[flm::kFolderPathSize];
+  bool wholePaths = false;  // paths of 12-character names in the folder are not cut
+  bool searchable = false;  // a file of the folder was found by its path
   bool camera = false;
   int running = 0;  // the number of the next file of a "CAMERA" folder
   int added = 0;
@@ -64,25 +67,28 @@ int CQDCFDir::Listup(const char* baseURI, int mode, int /*dirNumber*/, int catal
   scan.camera = flm::IsCameraName(dirName_);
   flm::BoundedText folder(scan.folder, sizeof(scan.folder));
   flm::AppendNamedFolder(folder, baseURI, flm::ScannedTree(mode), dirName_);
-  char pattern[kPatternSize];
-  flm::CopyText(pattern, sizeof(pattern), PatternOf(mode));
-  scan.reader.reset(new (std::nothrow) PCQDCFFSIO(scan.folder, pattern));
-  if (scan.reader == nullptr) return kNoReader;
+  scan.wholePaths = folder.Length() + 1 + flm::kDcfNameLength < flm::kFolderPathSize;
+  scan.listing.reset(new (std::nothrow) flm::FolderListing);
+  if (scan.listing == nullptr) return kNoReader;
+  scan.listing->Read(scan.folder);
+  items_->ReserveIndex(scan.listing->Count(), dirNumber_ == flm::kCameraNumber);
   scan.names.reset(new (std::nothrow) char[kDeferredBufferSize]);
   if (scan.names == nullptr) return kNoBuffer;
   scan.times.reset(new (std::nothrow) unsigned char[kDeferredBufferSize]);
   if (scan.times == nullptr) return kNoBuffer;
   ScanEntries(scan);
+  scan.listing.reset();
+  items_->FitIndex(scan.deferred);
   JoinDeferred(scan);
+  items_->FitIndex(0);
   sorted_ = true;
   listedUp_ = true;
   return scan.added;
 }
 
 void CQDCFDir::ScanEntries(Scan& scan) {
-  PCQDCFFSIO::PTFile entry = {};
-  while (scan.reader->Read(&entry) >= 0) {
-    if (!TakeEntry(scan, entry.name)) continue;
+  for (int entry = 0; entry < scan.listing->Count(); ++entry) {
+    if (!TakeEntry(scan, entry)) continue;
     ++scan.running;
     if (static_cast<int64_t>(scan.catalogueItems) + scan.added >= flm::kMaxFiles) return;
   }
@@ -90,13 +96,15 @@ void CQDCFDir::ScanEntries(Scan& scan) {
 
 // Whether the name belongs to the catalogue. Times are left for later: reading them here would cost
 // one status call a file.
-bool CQDCFDir::TakeEntry(Scan& scan, char* name) {
+bool CQDCFDir::TakeEntry(Scan& scan, int entry) {
+  char name[flm::kEntryNameSize];
+  flm::CopyText(name, sizeof(name), scan.listing->Name(entry));
   if (name[0] == '.') return false;
   const int kind = scan.camera ? CheckFileNameSyntaxNonDCF(name) : CheckFileNameSyntax(name);
   if (kind < 0) return false;
   const int fileNumber = scan.camera ? scan.running : GetFnumFromFileName(name);
   if (flm::IsCompanionKind(kind)) {
-    TakeCompanion(scan, name, fileNumber);
+    TakeCompanion(scan, entry, name, fileNumber);
   } else {
     AddFile(nullptr, fileNumber, name, &scan.added, 0);
   }
@@ -104,11 +112,13 @@ bool CQDCFDir::TakeEntry(Scan& scan, char* name) {
 }
 
 // A companion waits only for a picture that is there; without one it is a file of its own.
-void CQDCFDir::TakeCompanion(Scan& scan, const char* name, int fileNumber) {
+void CQDCFDir::TakeCompanion(Scan& scan, int entry, const char* name, int fileNumber) {
   char picture[flm::kFolderPathSize];
   flm::BoundedText path(picture, sizeof(picture));
-  path.Text(scan.folder).Char('/').Text(name, kStemSize).Char('.').Text(flm::kStillExtension);
-  if (PCQDCFFSIO::IsExist(picture) == 0) {
+  path.Text(scan.folder).Char('/');
+  const char* const pictureName = picture + path.Length();
+  path.Text(name, kStemSize).Char('.').Text(flm::kStillExtension);
+  if (!IsThere(scan, entry, picture, pictureName)) {
     AddFile(nullptr, fileNumber, name, &scan.added, 0);
   } else if (scan.deferred < kMaxDeferred) {
     ObjTmpListAdd(scan.names.get(), &scan.deferred, name, scan.times.get(), 0);
@@ -117,6 +127,16 @@ void CQDCFDir::TakeCompanion(Scan& scan, const char* name, int fileNumber) {
     flm::CopyText(kept, sizeof(kept), name);
     JoinCompanion(scan, kept, 0);
   }
+}
+
+// Whether the picture of an entry can be found by its path. What the listing names needs no status
+// call, once one file has shown that files of the folder can be reached at all; what it does not
+// name does, for a card may take two spellings for one name.
+bool CQDCFDir::IsThere(Scan& scan, int entry, const char* path, const char* name) {
+  if (scan.searchable && scan.wholePaths && IsListed(*scan.listing, entry, name)) return true;
+  const bool there = PCQDCFFSIO::IsExist(path) != 0;
+  scan.searchable = scan.searchable || there;
+  return there;
 }
 
 void CQDCFDir::JoinDeferred(Scan& scan) {

@@ -31,8 +31,10 @@ CQDCFList::CQDCFList()
       bitDnum_(-1),
       bitFnum_(-1),
       bitDirIndex_(0),
-      bitItem_(nullptr) {
+      bitItem_(nullptr),
+      reading_() {
   current_ = this;
+  TableChanged();
 }
 
 CQDCFList::~CQDCFList() {
@@ -49,6 +51,7 @@ void CQDCFList::Create() {
   itemCount_ = 0;
   baseURI_[0] = '\0';
   seriesMode_ = false;
+  TableChanged();
 }
 
 void CQDCFList::Destroy() {
@@ -57,6 +60,7 @@ void CQDCFList::Destroy() {
   delete[] dirTable_;
   dirTable_ = nullptr;
   memManager_.Destroy();
+  TableChanged();
 }
 
 void CQDCFList::FreeMem() {
@@ -72,11 +76,13 @@ int CQDCFList::CreateMemManager() {
 int CQDCFList::SetBaseURI(const char* uri) {
   if (uri == nullptr || std::strlen(uri) >= flm::kRootSize) return -1;
   flm::CopyText(baseURI_, flm::kRootSize, uri);
+  TableChanged();
   return 0;
 }
 
 int CQDCFList::SetMode(int mode) {
   mode_ = mode;
+  TableChanged();
   return 0;
 }
 
@@ -88,6 +94,7 @@ int CQDCFList::SetSeriesMode(bool on) {
 int CQDCFList::AddDir(int dirNumber) {
   if (!IsSlot(dirCount_)) return -1;
   dirTable_[dirCount_].SetDnum(static_cast<short>(dirNumber));
+  TableChanged();
   return dirCount_++;
 }
 
@@ -98,6 +105,7 @@ void CQDCFList::FreeAllDir() {
   }
   itemCount_ = 0;
   dirCount_ = 0;
+  TableChanged();
 }
 
 int CQDCFList::FreeAllDirExcept(CQDCFDir* keep) {
@@ -118,9 +126,36 @@ int CQDCFList::UsedSlots() const {
   return dirCount_ < flm::kMaxFolders ? dirCount_ : flm::kMaxFolders;
 }
 
+// What is known about the table by name, number or position, or about the path read last, may be
+// wrong now.
+void CQDCFList::TableChanged() {
+  folders_.Forget();
+  reading_.length = -1;
+}
+
+// Only with a table.
+const flm::FolderIndex& CQDCFList::Folders() const {
+  if (!folders_.IsCurrent()) folders_.Take(dirTable_, UsedSlots());
+  return folders_;
+}
+
+int CQDCFList::FirstSlotOf(int dirNumber) const {
+  return dirTable_ == nullptr ? -1 : SlotFrom(dirNumber, Folders().FirstOfNumber(dirNumber));
+}
+
+int CQDCFList::NextSlotOf(int dirNumber, int slot) const {
+  return SlotFrom(dirNumber, Folders().NextOfNumber(slot));
+}
+
+int CQDCFList::SlotFrom(int dirNumber, int slot) const {
+  while (slot >= 0 && dirTable_[slot].GetDnum() != dirNumber) slot = Folders().NextOfNumber(slot);
+  return slot;
+}
+
 void CQDCFList::FreeSlot(int slot) {
   LeaveSlot(slot);
   dirTable_[slot].FreeMem();
+  CountSlot(slot);
 }
 
 // Reads a directory; the number of files added, 0 also when memory was short.
@@ -129,6 +164,7 @@ int CQDCFList::ListSlot(int slot) {
   LeaveSlot(slot);
   CQDCFDir& dir = dirTable_[slot];
   const int added = dir.Listup(baseURI_, mode_, dir.GetDnum(), itemCount_);
+  CountSlot(slot);
   if (added <= 0) return 0;
   itemCount_ += added;
   return added;

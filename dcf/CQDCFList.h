@@ -7,6 +7,7 @@
 //   CQDCFList_lookup.cpp     from paths to files and positions, and one file's information
 //   CQDCFList_path.cpp       the paths of files and of their companions
 //   CQDCFList_marks.cpp      item bits, info bytes, walks over marked files
+//   CQDCFList_info_walk.cpp  the walk of a save, over the files whose info byte is set
 //   CQDCFList_numbering.cpp  the newest number, the series value, new names
 //   CQDCFList_change.cpp     folders made on the card, files entered and removed
 #ifndef FILELISTMANAGEMENT_DCF_CQDCFLIST_H
@@ -19,8 +20,13 @@
 #include "dcf/CQDCFDir.h"
 #include "dcf/CQDCFMemManager.h"
 #include "dcf/DCFItem.h"
+#include "dcf/folder_index.h"
 
 class CQFileListItem;
+class PCQDCFFSIO;
+namespace flm {
+class FileStatus;
+}
 
 // Shared rules
 //   Slot       a place in the table of 999 directories; free while its number is negative. After a
@@ -84,10 +90,18 @@ class CQDCFList {
   // Without a current file GetFirst, and then objOut is taken to have outSize bytes and no time is
   // given. objOut is written only on entering a directory. 0; -1 at the end.
   int GetNext(char* out, int outSize, char* objOut, int objSize, unsigned int* fileTime);
+  // The two with the status of the file whose path they write: the time is taken from it, so that
+  // a caller who asks it for more reads the card once.
+  int StepFirst(char* out, int outSize, char* objOut, int objSize, unsigned int* fileTime,
+                flm::FileStatus* status);
+  int StepNext(char* out, int outSize, char* objOut, int objSize, unsigned int* fileTime,
+               flm::FileStatus* status);
   // 0; -1 at the start, -2 without a current file. objOut as GetNext.
   int GetPrev(char* out, int outSize, char* objOut, int objSize);
   int GetLast(char* out, int outSize, char* objOut, int objSize);  // 0; -1 no files
   int GetLastPath(char* out, int outSize) const;  // the path of GetLast; the cursor stays
+  // The path of the first file held in the directory that a path lies in. 0; -1 none.
+  int GetFirstBeside(const char* path, char* out, int outSize);
   int GetCur(char* out, int outSize, char* objOut, int objSize);  // 0; -1 no current file
   // The file at a position from 0; the cursor stays. 0 or -1.
   int GetAt(int position, char* out, int outSize, char* objOut, int objSize);
@@ -118,6 +132,28 @@ class CQDCFList {
   // The byte; 255 when the directory is not held, 0 when only the file is not.
   int GetCustomInfo(const char* path, int byte);
   int SetCustomInfoAll(int byte, unsigned char value);  // bytes 2, 14, 15 only of JPG files
+  // What GetCustomBit and GetCustomInfo answer for the marks that a file's information consists of.
+  struct Marks {
+    bool selected;
+    bool wifi;
+    int copies;
+    int size;
+    int index;
+  };
+  Marks GetMarks(const char* path);
+  // The walk of GetFirst and GetNext over fileCount files, giving only those whose GetCustomInfo is
+  // not 0. Files in between are passed over without being looked at one by one; the cursor and the
+  // directories read are those of the whole walk.
+  struct InfoWalk {
+    int byte;
+    int left;  // files still to come
+    bool started;
+  };
+  static InfoWalk WalkInfo(int byte, int fileCount) { return {byte, fileCount, false}; }
+  // The next such file: its byte, and its path in out. 0 at the end.
+  int GetNextWithInfo(InfoWalk& walk, char* out, int outSize);
+  // Takes the rest of the walk without looking at any file.
+  void EndWalk(InfoWalk& walk);
 
   // --- Lookup and conversion --------------------------------------------------------------------
   // Directory and file number of a path, each -1 when the path is too short for it.
@@ -218,6 +254,19 @@ class CQDCFList {
   int UsedSlots() const;
   bool HasRoot() const { return baseURI_[0] != '\0'; }
 
+  // Directories by name, number and position, taken from the table when they are asked for.
+  const flm::FolderIndex& Folders() const;
+  void TableChanged();
+  void CountSlot(int slot) { folders_.SetCount(slot, dirTable_[slot].GetCount()); }
+  // The first slot of a number, and the next behind one; -1 at the end.
+  int FirstSlotOf(int dirNumber) const;
+  int NextSlotOf(int dirNumber, int slot) const;
+  int SlotFrom(int dirNumber, int slot) const;
+  Place PlaceAt(int position) const;
+  static int ClampSlot(int slot);
+  int SlotBefore(int slot) const;
+  bool HasList(int slot) const { return IsSlot(slot) && dirTable_[slot].IsEmpty() == 0; }
+
   // One step over every item of every used directory; item null at the end.
   Place BeforeFirst() const { return {-1, nullptr}; }
   Place BehindLast() const { return {flm::kMaxFolders, nullptr}; }
@@ -240,7 +289,10 @@ class CQDCFList {
   // What the walks write.
   void WritePath(PathOut out, Place place) const;
   void WriteObjectPath(PathOut out, Place place) const;
-  void WriteTime(unsigned int* out, DCFItem* item) const;
+  void WriteTime(unsigned int* out, DCFItem* item, flm::FileStatus* status) const;
+  int TakeFirst(PathOut out, PathOut objOut, bool setCursor, unsigned int* fileTime,
+                flm::FileStatus* status);
+  int TakeNext(PathOut out, PathOut objOut, unsigned int* fileTime, flm::FileStatus* status);
   void BuildPath(PathOut out, int dirNumber, int fileNumber, int dirIndex,
                  const DCFItem* item) const;
   void BuildNamedPath(PathOut out, int dirNumber, int fileNumber, int dirIndex,
@@ -248,17 +300,35 @@ class CQDCFList {
   void BuildObjectPath(PathOut out, int fileNumber, int dirIndex, const DCFItem* item) const;
   int SlotHolding(int dirNumber, int fileNumber) const;
 
-  // Looking files up.
+  // Looking files up. What a path says is kept until another path is read: an application asks
+  // about one file several times in a row.
+  struct PathNumbers {
+    int dirNumber;
+    short fileNumber;
+    int slot;
+  };
+  struct PathReading {
+    char text[flm::kPathSize];
+    int length;  // of the text; -1 for none
+    PathNumbers numbers;
+  };
+  PathNumbers ReadPath(const char* path);
+  int SlotNamedIn(const char* path) const;
   Place LookUp(const char* path);
   Place LookUpExactly(const char* path);
   Place FindForInfo(const char* path, int dirNumber, int fileNumber) const;
   bool CursorAnswers(const char* path);
+  Place Answering(const char* path);
   Place NextMarked(Place from, int bit) const;
   Place PrevMarked(Place from, int bit) const;
+  bool IsPlainSlot(int slot) const;
+  void SkipInSlot(InfoWalk& walk, flm::ItemFlags flags);
+  bool StepInfoWalk(InfoWalk& walk, PathOut out);
   int FoundBit(Place place, char* out, int outSize);
 
   // Scan and numbering.
-  void TakeFolders(class PCQDCFFSIO& reader, bool withCamera);
+  void TakeFolders(PCQDCFFSIO& reader, bool withCamera);
+  bool SortByTable(int used);
   void ListFolders(int stopAtFirst);
   bool CanName(std::initializer_list<const char*> texts) const;
   int NextIndex(const char* dirSuffix) const;
@@ -286,6 +356,8 @@ class CQDCFList {
   int32_t bitFnum_;
   int32_t bitDirIndex_;
   DCFItem* bitItem_;
+  mutable flm::FolderIndex folders_;
+  PathReading reading_;  // of the path read last
 };
 
 #endif

@@ -55,18 +55,16 @@ int CQDCFList::AddFile(const char* path) {
   if (slash == nullptr) return kNoSlash;
   if (std::strlen(path) > kMaxAddedPath) return -1;
   if (std::strlen(slash) > kMaxAddedPath) return kNameTooLong;
-  int dirNumber = -1;
-  short fileNumber = -1;
-  GetNum(path, &dirNumber, &fileNumber);
-  const int slot = GetDidx(dirNumber, path);
-  if (slot < 0) return -1;
-  CQDCFDir& dir = dirTable_[slot];
+  const PathNumbers reading = ReadPath(path);
+  if (reading.slot < 0) return -1;
+  CQDCFDir& dir = dirTable_[reading.slot];
   dir.SetMemMgr(&memManager_);
   dir.GetMem();
   DCFItem* const item = dir.AddItem();
   if (item == nullptr) return -1;
   dir.SetFileName(item, slash + 1);
-  dir.SetFnum(item, fileNumber);
+  dir.SetFnum(item, reading.fileNumber);
+  CountSlot(reading.slot);
   ++itemCount_;
   return 0;
 }
@@ -77,6 +75,7 @@ int CQDCFList::RemoveFile(const char* path) {
   if (place.item == nullptr) return kFileNotHeld;
   LeaveItem(place.item);
   const int result = dirTable_[place.slot].RemoveItem(place.item);
+  CountSlot(place.slot);
   --itemCount_;
   return result;
 }
@@ -88,10 +87,12 @@ int CQDCFList::AddItem(int dirNumber, const unsigned char* data) {
   CQDCFDir& dir = dirTable_[slot];
   dir.SetMemMgr(&memManager_);
   dir.GetMem();
+  if (dir.GetDnum() != dirNumber) TableChanged();
   dir.SetDnum(static_cast<short>(dirNumber));
   DCFItem* const item = dir.AddItem();
   if (item == nullptr) return -1;
   std::memcpy(static_cast<void*>(item), data, kRawDataSize);
+  CountSlot(slot);
   ++itemCount_;
   return 0;
 }

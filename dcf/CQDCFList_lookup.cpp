@@ -13,8 +13,6 @@
 namespace {
 
 constexpr int kShortestPath = 24;  // below it no path names a folder of the tree
-constexpr int kWholeDirName = 8;
-constexpr int kWeakDirName = 6;  // folders that share these characters are one to a lookup
 constexpr int kFirstSlotNumber = 100;
 constexpr int kNumbersPerFolder = 100;
 
@@ -37,12 +35,6 @@ bool ExtensionIs(const DCFItem* item, const char* extension) {
   return true;
 }
 
-// The rule by which file information is found: any file of the number, in "CAMERA" by its name.
-bool InfoMatches(const DCFItem* item, const char* path, int fileNumber) {
-  if (item->dirNumber == flm::kCameraNumber) return std::strstr(path, item->fileName) != nullptr;
-  return item->fileNumber == fileNumber;
-}
-
 }  // namespace
 
 void CQDCFList::GetNum(const char* path, int* dirNumber, short* fileNumber) {
@@ -58,19 +50,14 @@ void CQDCFList::GetNum(const DCFItem* item, int* /*ignored*/, short* dirNumber) 
   if (item != nullptr && dirNumber != nullptr) *dirNumber = item->dirNumber;
 }
 
-int CQDCFList::GetDidx(int /*dirNumber*/, const char* path) {
+int CQDCFList::GetDidx(int /*dirNumber*/, const char* path) { return SlotNamedIn(path); }
+
+int CQDCFList::SlotNamedIn(const char* path) const {
   if (flm::BoundedLength(path, kShortestPath) < kShortestPath) return -1;
   const char* const name = flm::DirNameInPath(path);
-  if (name == nullptr) return -1;
-  char whole[kWholeDirName + 1];
-  flm::BoundedText(whole, sizeof(whole)).Text(name, kWholeDirName);
-  const int used = UsedSlots();
-  for (int slot = 0; slot < used; ++slot) {
-    const char* const dirName = dirTable_[slot].GetDirName();
-    if (std::strcmp(dirName, whole) == 0 || std::strncmp(dirName, whole, kWeakDirName) == 0)
-      return slot;
-  }
-  return -1;
+  if (name == nullptr || dirTable_ == nullptr) return -1;
+  // A whole name that is equal begins equally, so the weak comparison decides alone.
+  return Folders().FirstNamed(dirTable_, name);
 }
 
 int CQDCFList::GetDidx(int dirNumber, int fileNumber) { return SlotHolding(dirNumber, fileNumber); }
@@ -115,13 +102,27 @@ int CQDCFList::GetKeyToURI(int key, char* out, int outSize) {
   return 0;
 }
 
+CQDCFList::PathNumbers CQDCFList::ReadPath(const char* path) {
+  const int length = flm::BoundedLength(path, flm::kPathSize);
+  if (path != nullptr && length == reading_.length &&
+      std::memcmp(path, reading_.text, static_cast<size_t>(length)) == 0) {
+    return reading_.numbers;
+  }
+  PathNumbers numbers = {-1, -1, -1};
+  GetNum(path, &numbers.dirNumber, &numbers.fileNumber);
+  numbers.slot = SlotNamedIn(path);
+  if (path != nullptr && length < flm::kPathSize) {
+    std::memcpy(reading_.text, path, static_cast<size_t>(length));
+    reading_.length = length;
+    reading_.numbers = numbers;
+  }
+  return numbers;
+}
+
 CQDCFList::Place CQDCFList::LookUp(const char* path) {
-  int dirNumber = -1;
-  short fileNumber = -1;
-  GetNum(path, &dirNumber, &fileNumber);
-  const int slot = GetDidx(dirNumber, path);
-  if (slot < 0) return {-1, nullptr};
-  return {slot, dirTable_[slot].GetItem(fileNumber, path)};
+  const PathNumbers reading = ReadPath(path);
+  if (reading.slot < 0) return {-1, nullptr};
+  return {reading.slot, dirTable_[reading.slot].GetItem(reading.fileNumber, path)};
 }
 
 // Stricter than LookUp: the whole extension counts, since taking away a multi-picture companion
@@ -144,11 +145,9 @@ CQDCFList::Place CQDCFList::LookUpExactly(const char* path) {
 
 int CQDCFList::SetCurFile(const char* path) {
   if (path == nullptr) return InitCursor();
-  int dirNumber = -1;
-  short fileNumber = -1;
-  GetNum(path, &dirNumber, &fileNumber);
-  if (dirNumber < 0) return kNoDirNumber;
-  if (fileNumber < 0) return kNoFileNumber;
+  const PathNumbers reading = ReadPath(path);
+  if (reading.dirNumber < 0) return kNoDirNumber;
+  if (reading.fileNumber < 0) return kNoFileNumber;
   const Place place = LookUp(path);
   if (place.slot < 0) return kDirNotFound;
   if (place.item == nullptr) return kFileNotFound;
@@ -157,16 +156,10 @@ int CQDCFList::SetCurFile(const char* path) {
 }
 
 int CQDCFList::GetListIndex(const char* path) {
-  int dirNumber = -1;
-  short fileNumber = -1;
-  GetNum(path, &dirNumber, &fileNumber);
-  const int found = GetDidx(dirNumber, path);
-  if (found < 0 || dirTable_[found].IsEmpty() != 0) return -1;
-  const int inDirectory = dirTable_[found].GetFidx(fileNumber, path);
-  if (inDirectory < 0) return -1;
-  int before = 0;
-  for (int slot = 0; slot < found; ++slot) before += dirTable_[slot].GetCount();
-  return before + inDirectory;
+  const PathNumbers reading = ReadPath(path);
+  if (reading.slot < 0 || dirTable_[reading.slot].IsEmpty() != 0) return -1;
+  const int inDirectory = dirTable_[reading.slot].GetFidx(reading.fileNumber, path);
+  return inDirectory < 0 ? -1 : Folders().Before(reading.slot) + inDirectory;
 }
 
 DCFItem* CQDCFList::FindItem(const char* path) {
@@ -177,11 +170,10 @@ DCFItem* CQDCFList::FindItem(const char* path) {
   int dirNumber = -1;
   short fileNumber = -1;
   GetNum(path, &dirNumber, &fileNumber);
-  for (Place at = Forward(BeforeFirst()); at.item != nullptr; at = Forward(at)) {
-    if (dirTable_[at.slot].GetDnum() == dirNumber && at.item->fileNumber == fileNumber &&
-        std::memcmp(at.item->prefixChars, wanted, flm::kPrefixSize) == 0) {
-      return at.item;
-    }
+  if (dirNumber <= 0) return nullptr;
+  for (int slot = FirstSlotOf(dirNumber); slot >= 0; slot = NextSlotOf(dirNumber, slot)) {
+    DCFItem* const item = dirTable_[slot].FindItem(fileNumber, wanted);
+    if (item != nullptr) return item;
   }
   return nullptr;
 }
@@ -206,9 +198,10 @@ int CQDCFList::GetDcfNum(const DCFItem* item) {
 }
 
 CQDCFList::Place CQDCFList::FindForInfo(const char* path, int dirNumber, int fileNumber) const {
-  for (Place at = Forward(BeforeFirst()); at.item != nullptr; at = Forward(at)) {
-    if (dirTable_[at.slot].GetDnum() == dirNumber && InfoMatches(at.item, path, fileNumber))
-      return at;
+  if (dirNumber <= 0) return BehindLast();
+  for (int slot = FirstSlotOf(dirNumber); slot >= 0; slot = NextSlotOf(dirNumber, slot)) {
+    DCFItem* const item = dirTable_[slot].FindForInfo(fileNumber, path);
+    if (item != nullptr) return {slot, item};
   }
   return BehindLast();
 }

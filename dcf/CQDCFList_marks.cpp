@@ -25,18 +25,43 @@ int RefusalForOtherThanJpg(int byte) {
   }
 }
 
+// The byte of a file that was looked up. The directory only lends the operation: any will do.
+template <typename Place>
+int InfoOf(CQDCFDir& dir, const Place& place, int byte) {
+  if (place.slot < 0) return kDirNotHeld;
+  return place.item == nullptr ? kFileNotHeld : dir.GetItemInfo(place.item, byte);
+}
+
+bool IsItemBit(int bit) { return bit >= 0 && bit < flm::kItemBitCount; }
+
 }  // namespace
 
 CQDCFList::Place CQDCFList::NextMarked(Place from, int bit) const {
-  for (Place at = Forward(from); at.item != nullptr; at = Forward(at)) {
-    if (dirTable_[at.slot].GetItemBit(at.item, bit)) return at;
+  if (dirTable_ == nullptr || !IsItemBit(bit)) return BehindLast();
+  const flm::ItemFlags flag = flm::FlagOfBit(bit);
+  if (from.item != nullptr) {
+    DCFItem* const marked = HasList(from.slot) ? dirTable_[from.slot].NextWith(from.item, flag)
+                                               : flm::NextLinked(from.item->next, flag);
+    if (marked != nullptr) return {from.slot, marked};
+  }
+  for (int slot = ClampSlot(from.slot) + 1; slot < Folders().End(); ++slot) {
+    DCFItem* const marked = IsRead(slot) ? dirTable_[slot].NextWith(nullptr, flag) : nullptr;
+    if (marked != nullptr) return {slot, marked};
   }
   return BehindLast();
 }
 
 CQDCFList::Place CQDCFList::PrevMarked(Place from, int bit) const {
-  for (Place at = Backward(from); at.item != nullptr; at = Backward(at)) {
-    if (dirTable_[at.slot].GetItemBit(at.item, bit)) return at;
+  if (dirTable_ == nullptr || !IsItemBit(bit)) return BeforeFirst();
+  const flm::ItemFlags flag = flm::FlagOfBit(bit);
+  if (from.item != nullptr) {
+    DCFItem* const marked = HasList(from.slot) ? dirTable_[from.slot].PreviousWith(from.item, flag)
+                                               : flm::PreviousLinked(from.item->prev, flag);
+    if (marked != nullptr) return {from.slot, marked};
+  }
+  for (int slot = SlotBefore(from.slot); slot >= 0; --slot) {
+    DCFItem* const marked = IsRead(slot) ? dirTable_[slot].PreviousWith(nullptr, flag) : nullptr;
+    if (marked != nullptr) return {slot, marked};
   }
   return BeforeFirst();
 }
@@ -89,10 +114,14 @@ int CQDCFList::GetBitLast(char* out, int outSize, int bit) {
 // without looking further.
 bool CQDCFList::CursorAnswers(const char* path) {
   if (curDnum_ < 0 || curItem_ == nullptr) return false;
-  int dirNumber = -1;
-  short fileNumber = -1;
-  GetNum(path, &dirNumber, &fileNumber);
-  return dirNumber == curDnum_ && fileNumber == curFnum_;
+  const PathNumbers reading = ReadPath(path);
+  return reading.dirNumber == curDnum_ && reading.fileNumber == curFnum_;
+}
+
+// The file whose marks are read for a path. Slot -1: its directory is not held; with a table only.
+CQDCFList::Place CQDCFList::Answering(const char* path) {
+  if (CursorAnswers(path)) return {0, curItem_};
+  return LookUp(path);
 }
 
 int CQDCFList::SetCustomBit(const char* path, int bit, bool on) {
@@ -104,9 +133,7 @@ int CQDCFList::SetCustomBit(const char* path, int bit, bool on) {
 
 bool CQDCFList::GetCustomBit(const char* path, int bit) {
   if (dirTable_ == nullptr) return false;
-  if (CursorAnswers(path)) return dirTable_[0].GetItemBit(curItem_, bit);
-  const Place place = LookUp(path);
-  return place.item != nullptr && dirTable_[place.slot].GetItemBit(place.item, bit);
+  return dirTable_[0].GetItemBit(Answering(path).item, bit);
 }
 
 int CQDCFList::SetCustomBitAll(int bit, bool on) {
@@ -117,9 +144,11 @@ int CQDCFList::SetCustomBitAll(int bit, bool on) {
 }
 
 int CQDCFList::GetCustomBitCount(int bit) {
+  if (dirTable_ == nullptr || !IsItemBit(bit)) return 0;
   int count = 0;
-  for (Place at = NextMarked(BeforeFirst(), bit); at.item != nullptr; at = NextMarked(at, bit))
-    ++count;
+  for (int slot = 0; slot < Folders().End(); ++slot) {
+    if (IsRead(slot)) count += dirTable_[slot].CountOfBit(bit);
+  }
   return count;
 }
 
@@ -133,10 +162,17 @@ int CQDCFList::SetCustomInfo(const char* path, int byte, unsigned char value) {
 
 int CQDCFList::GetCustomInfo(const char* path, int byte) {
   if (dirTable_ == nullptr) return kDirNotHeld;
-  if (CursorAnswers(path)) return dirTable_[0].GetItemInfo(curItem_, byte);
-  const Place place = LookUp(path);
-  if (place.slot < 0) return kDirNotHeld;
-  return place.item == nullptr ? kFileNotHeld : dirTable_[place.slot].GetItemInfo(place.item, byte);
+  return InfoOf(dirTable_[0], Answering(path), byte);
+}
+
+CQDCFList::Marks CQDCFList::GetMarks(const char* path) {
+  if (dirTable_ == nullptr) return {false, false, kDirNotHeld, kDirNotHeld, kDirNotHeld};
+  CQDCFDir& dir = dirTable_[0];
+  const Place place = Answering(path);
+  return {dir.GetItemBit(place.item, flm::kMarkBitSelected),
+          dir.GetItemBit(place.item, flm::kMarkBitWifi),
+          InfoOf(dir, place, flm::kMarkInfoDpofCopies), InfoOf(dir, place, flm::kMarkInfoDpofSize),
+          InfoOf(dir, place, flm::kMarkInfoDpofIndex)};
 }
 
 int CQDCFList::SetCustomInfoAll(int byte, unsigned char value) {

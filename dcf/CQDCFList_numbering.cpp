@@ -35,7 +35,8 @@ int Saturated(long value) {
 
 int CQDCFList::GetLastIndex() {
   lastIndex_ = 0;
-  for (int slot = flm::kMaxFolders - 1; IsSlot(slot); --slot) {
+  if (dirTable_ == nullptr) return 0;
+  for (int slot = Folders().End() - 1; slot >= 0; --slot) {
     if (!IsRead(slot)) continue;
     const CQDCFDir& dir = dirTable_[slot];
     const DCFItem* const last = dir.GetLastItem();
@@ -129,22 +130,17 @@ int CQDCFList::NextIndex(const char* dirSuffix) const {
 }
 
 bool CQDCFList::HasNumber(int dirNumber) const {
-  const int used = UsedSlots();
-  for (int slot = 0; slot < used; ++slot) {
-    if (dirTable_[slot].GetDnum() == dirNumber) return true;
-  }
-  return false;
+  const int slot = FirstSlotOf(dirNumber);
+  return slot >= 0 && slot < UsedSlots();
 }
 
 // The first slot of a number whose name ends in the suffix, -1 for none.
 int CQDCFList::SlotNamed(int dirNumber, const char* dirSuffix) const {
   const int used = UsedSlots();
-  for (int slot = 0; slot < used; ++slot) {
-    const CQDCFDir& dir = dirTable_[slot];
-    if (dir.GetDnum() == dirNumber &&
-        std::strcmp(flm::SuffixOfDirName(dir.GetDirName()), dirSuffix) == 0) {
-      return slot;
-    }
+  for (int slot = FirstSlotOf(dirNumber); slot >= 0 && slot < used;
+       slot = NextSlotOf(dirNumber, slot)) {
+    const char* const suffix = flm::SuffixOfDirName(dirTable_[slot].GetDirName());
+    if (std::strcmp(suffix, dirSuffix) == 0) return slot;
   }
   return -1;
 }
@@ -171,6 +167,7 @@ void CQDCFList::NameSlot(CQDCFDir& dir, int dirNumber, const char* dirSuffix) {
 // many is a free one.
 void CQDCFList::PrepareSlot(int slot, int dirNumber, const char* dirSuffix) {
   CQDCFDir& dir = dirTable_[slot];
+  if (dir.GetDnum() < 0 || dir.GetMemMgr() == nullptr) TableChanged();
   if (dir.GetDnum() < 0) {
     dir.SetDnum(static_cast<short>(dirNumber));
     NameSlot(dir, dirNumber, dirSuffix);
@@ -205,6 +202,7 @@ int CQDCFList::GetNewFileIndex_SetInfo(int index, const char* prefix, const char
     dir.SetFnum(item, static_cast<short>(fileNumber));
     dir.SetDnum(item, static_cast<short>(dirNumber));
     item->setFileTime(flm::CurrentTime());
+    CountSlot(slot);
   }
   WriteNewPath({out, outSize}, slot, {dirNumber, fileNumber, prefix, ext, dirSuffix});
   ++itemCount_;

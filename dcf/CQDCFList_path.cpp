@@ -5,7 +5,7 @@
 #include "dcf/dcf_name.h"
 #include "dcf/dcf_path.h"
 #include "dcf/item_layout.h"
-#include "fsio/PCQDCFFSIO.h"
+#include "fsio/file_status.h"
 
 namespace {
 
@@ -92,9 +92,8 @@ void CQDCFList::BuildObjectPath(PathOut out, int fileNumber, int dirIndex,
 }
 
 int CQDCFList::SlotHolding(int dirNumber, int fileNumber) const {
-  for (int slot = 0; IsSlot(slot); ++slot) {
-    const CQDCFDir& dir = dirTable_[slot];
-    if (dir.GetDnum() == dirNumber && dir.GetItem(fileNumber) != nullptr) return slot;
+  for (int slot = FirstSlotOf(dirNumber); slot >= 0; slot = NextSlotOf(dirNumber, slot)) {
+    if (dirTable_[slot].GetItem(fileNumber) != nullptr) return slot;
   }
   return kSlotUnknown;
 }
@@ -109,12 +108,14 @@ void CQDCFList::WriteObjectPath(PathOut out, Place place) const {
 }
 
 // As DCFItem::getFileTime does it, but with this catalogue's folders: two cards may be open.
-void CQDCFList::WriteTime(unsigned int* out, DCFItem* item) const {
+void CQDCFList::WriteTime(unsigned int* out, DCFItem* item, flm::FileStatus* status) const {
   if (out == nullptr) return;
   if (item->fileTime == 0) {
     char path[flm::kPathSize];
     BuildPath({path, flm::kPathSize}, item->dirNumber, item->fileNumber, kSlotUnknown, item);
-    item->setFileTime(PCQDCFFSIO::GetFileCreateTime(path));
+    // With duplicates the path by numbers may be another file's than the one that is walked to.
+    const bool same = status != nullptr && status->IsOf(path);
+    item->setFileTime(same ? status->ModifiedTime() : flm::FileStatus(path).ModifiedTime());
   }
   *out = item->fileTime;
 }

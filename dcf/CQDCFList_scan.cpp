@@ -1,4 +1,5 @@
 // Reading the tree: which folders belong to it, their order, and which of them are read at once.
+#include <algorithm>
 #include <cstring>
 #include <memory>
 #include <new>
@@ -21,14 +22,27 @@ bool EndsInPhoto(const CQDCFDir* dir) {
 }
 
 // Only numbers and names: the folders are sorted before any of them is read.
-void ExchangeFolders(CQDCFDir& a, CQDCFDir& b) {
+struct FolderName {
   char name[flm::kDirNameSize];
-  flm::CopyText(name, sizeof(name), a.GetDirName());
-  const int number = a.GetDnum();
-  a.SetDirName(b.GetDirName());
-  a.SetDnum(static_cast<short>(b.GetDnum()));
-  b.SetDirName(name);
-  b.SetDnum(static_cast<short>(number));
+  int number;
+};
+
+FolderName NameOf(const CQDCFDir& dir) {
+  FolderName held;
+  flm::CopyText(held.name, flm::kDirNameSize, dir.GetDirName());
+  held.number = dir.GetDnum();
+  return held;
+}
+
+void Rename(CQDCFDir& dir, const FolderName& held) {
+  dir.SetDirName(held.name);
+  dir.SetDnum(static_cast<short>(held.number));
+}
+
+void ExchangeFolders(CQDCFDir& a, CQDCFDir& b) {
+  const FolderName held = NameOf(a);
+  Rename(a, NameOf(b));
+  Rename(b, held);
 }
 
 bool IsDotEntry(const char* name) {
@@ -62,13 +76,51 @@ int CQDCFList::CompareDirName(const CQDCFDir* a, const CQDCFDir* b) {
 
 int CQDCFList::SortDirList() {
   const int used = UsedSlots();
-  for (int i = 0; i < used; ++i) {
-    for (int j = i + 1; j < used; ++j) {
-      if (CompareDirName(&dirTable_[i], &dirTable_[j]) > 0)
-        ExchangeFolders(dirTable_[i], dirTable_[j]);
+  if (!SortByTable(used)) {
+    for (int i = 0; i < used; ++i) {
+      for (int j = i + 1; j < used; ++j) {
+        if (CompareDirName(&dirTable_[i], &dirTable_[j]) > 0)
+          ExchangeFolders(dirTable_[i], dirTable_[j]);
+      }
     }
   }
+  TableChanged();
   return 0;
+}
+
+// Sorts by a table of places, which finds what the exchanges find unless two folders have one name.
+// False, and nothing is moved, in that case.
+bool CQDCFList::SortByTable(int used) {
+  uint16_t sources[flm::kMaxFolders];
+  for (int i = 0; i < used; ++i) sources[i] = static_cast<uint16_t>(i);
+  std::sort(sources, sources + used, [this](uint16_t a, uint16_t b) {
+    const CQDCFDir& left = dirTable_[a];
+    const CQDCFDir& right = dirTable_[b];
+    if (left.GetDnum() != right.GetDnum()) return left.GetDnum() < right.GetDnum();
+    const bool photo = EndsInPhoto(&left);
+    if (photo != EndsInPhoto(&right)) return !photo;
+    return std::strcmp(left.GetDirName(), right.GetDirName()) < 0;
+  });
+  for (int i = 1; i < used; ++i) {
+    const CQDCFDir& before = dirTable_[sources[i - 1]];
+    const CQDCFDir& dir = dirTable_[sources[i]];
+    const bool equal = before.GetDnum() == dir.GetDnum() &&
+                       std::strcmp(before.GetDirName(), dir.GetDirName()) == 0;
+    if (equal) return false;
+  }
+  for (int start = 0; start < used; ++start) {
+    if (sources[start] == start) continue;
+    const FolderName first = NameOf(dirTable_[start]);
+    int at = start;
+    for (int source = sources[at]; source != start; source = sources[at]) {
+      Rename(dirTable_[at], NameOf(dirTable_[source]));
+      sources[at] = static_cast<uint16_t>(at);
+      at = source;
+    }
+    Rename(dirTable_[at], first);
+    sources[at] = static_cast<uint16_t>(at);
+  }
+  return true;
 }
 
 int CQDCFList::Listup(int stopAtFirst, bool withCamera) {
@@ -106,6 +158,7 @@ void CQDCFList::TakeFolders(PCQDCFFSIO& reader, bool withCamera) {
     dir.SetDnum(static_cast<short>(number));
     ++dirCount_;
   }
+  TableChanged();
 }
 
 // Newest folder first, so that the newest files are there when the card holds too many.

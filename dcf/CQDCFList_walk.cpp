@@ -4,19 +4,27 @@
 
 namespace {
 
-// A caller may have put any slot into a cursor.
-int Clamp(int slot) {
-  if (slot < -1) return -1;
-  return slot > flm::kMaxFolders ? flm::kMaxFolders : slot;
-}
-
 constexpr int kNoCursor = -2;
 
 }  // namespace
 
+// A caller may have put any slot into a cursor.
+int CQDCFList::ClampSlot(int slot) {
+  if (slot < -1) return -1;
+  return slot > flm::kMaxFolders ? flm::kMaxFolders : slot;
+}
+
+// The last slot in front of one that a backward walk can find a file in.
+int CQDCFList::SlotBefore(int slot) const {
+  const int end = Folders().End();
+  return (slot < end ? ClampSlot(slot) : end) - 1;
+}
+
 CQDCFList::Place CQDCFList::Forward(Place from) const {
   if (from.item != nullptr && from.item->next != nullptr) return {from.slot, from.item->next};
-  for (int slot = Clamp(from.slot) + 1; IsSlot(slot); ++slot) {
+  if (dirTable_ == nullptr) return BehindLast();
+  const int end = Folders().End();
+  for (int slot = ClampSlot(from.slot) + 1; slot < end; ++slot) {
     DCFItem* const first = IsRead(slot) ? dirTable_[slot].GetFirstItem() : nullptr;
     if (first != nullptr) return {slot, first};
   }
@@ -25,7 +33,8 @@ CQDCFList::Place CQDCFList::Forward(Place from) const {
 
 CQDCFList::Place CQDCFList::Backward(Place from) const {
   if (from.item != nullptr && from.item->prev != nullptr) return {from.slot, from.item->prev};
-  for (int slot = Clamp(from.slot) - 1; IsSlot(slot); --slot) {
+  if (dirTable_ == nullptr) return BeforeFirst();
+  for (int slot = SlotBefore(from.slot); slot >= 0; --slot) {
     DCFItem* const last = IsRead(slot) ? dirTable_[slot].GetLastItem() : nullptr;
     if (last != nullptr) return {slot, last};
   }
@@ -43,7 +52,9 @@ CQDCFDir* CQDCFList::ReachSlot(int slot) {
 
 CQDCFList::Place CQDCFList::ForwardReading(Place from) {
   if (from.item != nullptr && from.item->next != nullptr) return {from.slot, from.item->next};
-  for (int slot = Clamp(from.slot) + 1; IsSlot(slot); ++slot) {
+  if (dirTable_ == nullptr) return BehindLast();
+  const int end = Folders().End();
+  for (int slot = ClampSlot(from.slot) + 1; slot < end; ++slot) {
     CQDCFDir* const dir = ReachSlot(slot);
     DCFItem* const first = dir == nullptr ? nullptr : dir->GetFirstItem();
     if (first != nullptr) return {slot, first};
@@ -53,12 +64,30 @@ CQDCFList::Place CQDCFList::ForwardReading(Place from) {
 
 CQDCFList::Place CQDCFList::BackwardReading(Place from) {
   if (from.item != nullptr && from.item->prev != nullptr) return {from.slot, from.item->prev};
-  for (int slot = Clamp(from.slot) - 1; IsSlot(slot); --slot) {
+  if (dirTable_ == nullptr) return BeforeFirst();
+  for (int slot = SlotBefore(from.slot); slot >= 0; --slot) {
     CQDCFDir* const dir = ReachSlot(slot);
     DCFItem* const last = dir == nullptr ? nullptr : dir->GetLastItem();
     if (last != nullptr) return {slot, last};
   }
   return BeforeFirst();
+}
+
+// The place of a position in the walk over what has been read.
+CQDCFList::Place CQDCFList::PlaceAt(int position) const {
+  if (position < 0 || dirTable_ == nullptr) return BehindLast();
+  int rest = position;
+  if (!Folders().HasHidden()) {
+    const int slot = Folders().SlotAt(position, &rest);
+    return slot < 0 ? BehindLast() : Place{slot, dirTable_[slot].GetItemAt(rest)};
+  }
+  for (int slot = 0; slot < Folders().End(); ++slot) {
+    if (!IsRead(slot)) continue;
+    const int held = dirTable_[slot].GetCount();
+    if (rest < held) return {slot, dirTable_[slot].GetItemAt(rest)};
+    rest -= held;
+  }
+  return BehindLast();
 }
 
 int CQDCFList::InitCursor() { return SetCurItem(-1, -1, -1, nullptr); }
@@ -77,25 +106,45 @@ void CQDCFList::MoveCursor(Place place, int dirNumber) {
 
 int CQDCFList::GetFirst(char* out, int outSize, char* objOut, int objSize, bool setCursor,
                         unsigned int* fileTime) {
+  return TakeFirst({out, outSize}, {objOut, objSize}, setCursor, fileTime, nullptr);
+}
+
+int CQDCFList::StepFirst(char* out, int outSize, char* objOut, int objSize, unsigned int* fileTime,
+                         flm::FileStatus* status) {
+  return TakeFirst({out, outSize}, {objOut, objSize}, true, fileTime, status);
+}
+
+int CQDCFList::TakeFirst(PathOut out, PathOut objOut, bool setCursor, unsigned int* fileTime,
+                         flm::FileStatus* status) {
   if (setCursor) InitCursor();
   const Place place = ForwardReading(BeforeFirst());
   if (place.item == nullptr) return -1;
-  WritePath({out, outSize}, place);
-  WriteObjectPath({objOut, objSize}, place);
-  WriteTime(fileTime, place.item);
+  WritePath(out, place);
+  WriteObjectPath(objOut, place);
+  WriteTime(fileTime, place.item, status);
   // Not the directory's own number, unlike every other walk: the mark shortcut depends on it.
   if (setCursor) MoveCursor(place, GetDnum(place.slot));
   return 0;
 }
 
 int CQDCFList::GetNext(char* out, int outSize, char* objOut, int objSize, unsigned int* fileTime) {
-  if (curDnum_ < 0) return GetFirst(out, outSize, objOut, outSize, true, nullptr);
+  return TakeNext({out, outSize}, {objOut, objSize}, fileTime, nullptr);
+}
+
+int CQDCFList::StepNext(char* out, int outSize, char* objOut, int objSize, unsigned int* fileTime,
+                        flm::FileStatus* status) {
+  return TakeNext({out, outSize}, {objOut, objSize}, fileTime, status);
+}
+
+int CQDCFList::TakeNext(PathOut out, PathOut objOut, unsigned int* fileTime,
+                        flm::FileStatus* status) {
+  if (curDnum_ < 0) return TakeFirst(out, {objOut.text, out.size}, true, nullptr, nullptr);
   const int left = curDirIndex_;
   const Place place = ForwardReading(CursorPlace());
   if (place.item == nullptr) return -1;
-  WritePath({out, outSize}, place);
-  if (place.slot != left) WriteObjectPath({objOut, objSize}, place);
-  WriteTime(fileTime, place.item);
+  WritePath(out, place);
+  if (place.slot != left) WriteObjectPath(objOut, place);
+  WriteTime(fileTime, place.item, status);
   MoveCursor(place, dirTable_[place.slot].GetDnum());
   return 0;
 }
@@ -128,6 +177,14 @@ int CQDCFList::GetLastPath(char* out, int outSize) const {
   return 0;
 }
 
+int CQDCFList::GetFirstBeside(const char* path, char* out, int outSize) {
+  const int slot = ReadPath(path).slot;
+  const Place place = {slot, slot < 0 ? nullptr : dirTable_[slot].GetFirstItem()};
+  if (place.item == nullptr) return -1;
+  WritePath({out, outSize}, place);
+  return 0;
+}
+
 int CQDCFList::GetCur(char* out, int outSize, char* objOut, int objSize) {
   if (curDnum_ < 0 || curFnum_ < 0) return -1;
   if (curItem_ == nullptr) return -1;
@@ -137,9 +194,7 @@ int CQDCFList::GetCur(char* out, int outSize, char* objOut, int objSize) {
 }
 
 int CQDCFList::GetAt(int position, char* out, int outSize, char* objOut, int objSize) {
-  if (position < 0) return -1;
-  Place place = Forward(BeforeFirst());
-  for (int i = 0; i < position && place.item != nullptr; ++i) place = Forward(place);
+  const Place place = PlaceAt(position);
   if (place.item == nullptr) return -1;
   WritePath({out, outSize}, place);
   WriteObjectPath({objOut, objSize}, place);

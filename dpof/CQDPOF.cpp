@@ -37,19 +37,25 @@ void WriteBlock(void* file, const char* text, int length) {
   PCQDCFFSIO::Write(file, text, &length);
 }
 
-// Every file of the walk, at most fileCount; `take` gets its path. The walk is the catalogue's own
-// and moves its cursor.
+// Every file of the catalogue's walk whose byte is set, at most fileCount files on; `take` gets its
+// path and the byte. The walk moves the catalogue's cursor.
 template <typename Take>
-void ForEachFile(CQDCFList& catalogue, int fileCount, Take take) {
+void ForEachWith(CQDCFList& catalogue, int byte, int fileCount, Take take) {
   char path[flm::kPathSize] = {};
-  char objects[flm::kPathSize] = {};
-  for (int i = 0; i < fileCount; ++i) {
-    const int step =
-        i == 0 ? catalogue.GetFirst(path, flm::kPathSize, objects, flm::kPathSize, true, nullptr)
-               : catalogue.GetNext(path, flm::kPathSize, objects, flm::kPathSize, nullptr);
-    if (step < 0) return;
-    take(path);
+  CQDCFList::InfoWalk walk = CQDCFList::WalkInfo(byte, fileCount);
+  while (const int value = catalogue.GetNextWithInfo(walk, path, flm::kPathSize)) {
+    take(path, value);
   }
+}
+
+// Whether any file of the walk has the byte set. The walk is taken to its end all the same: it may
+// read directories.
+bool AnyWith(CQDCFList& catalogue, int byte, int fileCount) {
+  char path[flm::kPathSize] = {};
+  CQDCFList::InfoWalk walk = CQDCFList::WalkInfo(byte, fileCount);
+  const bool any = catalogue.GetNextWithInfo(walk, path, flm::kPathSize) != 0;
+  catalogue.EndWalk(walk);
+  return any;
 }
 
 }  // namespace
@@ -97,27 +103,21 @@ void CQDPOF::WriteJob(void* file, const char* type, int quantity, const char* so
 
 int CQDPOF::MakeStandard(void* file, CQDCFList* catalogue, int fileCount) {
   if (file == nullptr || catalogue == nullptr) return -1;
-  ForEachFile(*catalogue, fileCount, [&](const char* path) {
-    const int copies = catalogue->GetCustomInfo(path, flm::kMarkInfoDpofCopies);
-    if (copies != 0) WriteJob(file, flm::kTypeStandard, copies, BelowRoot(path, *catalogue));
+  ForEachWith(*catalogue, flm::kMarkInfoDpofCopies, fileCount, [&](const char* path, int copies) {
+    WriteJob(file, flm::kTypeStandard, copies, BelowRoot(path, *catalogue));
   });
   return 0;
 }
 
 int CQDPOF::MakeIndex(void* file, CQDCFList* catalogue, int fileCount) {
   if (file == nullptr || catalogue == nullptr) return -1;
-  bool wanted = false;
-  ForEachFile(*catalogue, fileCount, [&](const char* path) {
-    wanted = wanted || catalogue->GetCustomInfo(path, flm::kMarkInfoDpofIndex) != 0;
-  });
-  if (!wanted) return 0;
+  if (!AnyWith(*catalogue, flm::kMarkInfoDpofIndex, fileCount)) return 0;
   char text[kBlockSize];
   flm::BoundedText head(text, kBlockSize);
   head.Text(kJobStart).Number(++jobCount_, kThreeDigits).Text(kIndexHead);
   WriteBlock(file, text, head.Length());
-  ForEachFile(*catalogue, fileCount, [&](const char* path) {
-    const bool member = catalogue->GetCustomInfo(path, flm::kMarkInfoDpofIndex) != 0;
-    if (!member || !flm::EndsInJpg(path)) return;
+  ForEachWith(*catalogue, flm::kMarkInfoDpofIndex, fileCount, [&](const char* path, int /*set*/) {
+    if (!flm::EndsInJpg(path)) return;
     flm::BoundedText line(text, kBlockSize);
     line.Text(kSourceStart).Text(BelowRoot(path, *catalogue)).Text(kSourceEnd);
     WriteBlock(file, text, line.Length());
@@ -127,9 +127,8 @@ int CQDPOF::MakeIndex(void* file, CQDCFList* catalogue, int fileCount) {
 
 int CQDPOF::MakeSize(void* file, CQDCFList* catalogue, int fileCount) {
   if (file == nullptr || catalogue == nullptr) return -1;
-  ForEachFile(*catalogue, fileCount, [&](const char* path) {
-    const int size = catalogue->GetCustomInfo(path, flm::kMarkInfoDpofSize);
-    if (size != 0) WriteJob(file, flm::SizeTypeOf(size), kOnePrint, BelowRoot(path, *catalogue));
+  ForEachWith(*catalogue, flm::kMarkInfoDpofSize, fileCount, [&](const char* path, int size) {
+    WriteJob(file, flm::SizeTypeOf(size), kOnePrint, BelowRoot(path, *catalogue));
   });
   return 0;
 }

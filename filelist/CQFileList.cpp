@@ -3,6 +3,7 @@
 
 #include <cstring>
 #include <new>
+#include <typeinfo>
 
 #include "base/bounded_text.h"
 #include "dcf/CQDCFList.h"
@@ -47,6 +48,11 @@ CQFileList::CQFileList()
 }
 
 CQFileList::~CQFileList() = default;
+
+// A derived list may answer single operations itself, and its answers count: then every operation
+// is asked where it would be, and no work is spared that only this class knows to be without
+// effect.
+bool CQFileList::IsDerived() const { return typeid(*this) != typeid(CQFileList); }
 
 int CQFileList::Create() { return 0; }
 

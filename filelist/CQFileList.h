@@ -27,6 +27,9 @@
 
 class CQDCFList;
 struct DCFItem;
+namespace flm {
+class FileStatus;
+}
 
 class CQFileList : public IQFileList, public IQSelectedFileList, public IQPageUtil {
  public:
@@ -224,7 +227,12 @@ class CQFileList : public IQFileList, public IQSelectedFileList, public IQPageUt
   static const MarkKind kVoiceRecCons;
 
   // Cursor.
-  int FinishWalk(CQFileListItem* item, int result, WalkStep step, bool withInfo);
+  int FinishWalk(CQFileListItem* item, int result, WalkStep step, flm::FileStatus* info);
+  int StepFirst(CQFileListItem* item, flm::FileStatus& status, bool withInfo);
+  int StepNext(CQFileListItem* item, flm::FileStatus& status, bool withInfo);
+  int FillInfo(CQFileListItem* item, flm::FileStatus& status);
+  void TakeMarks(CQFileListItem* item);
+  bool IsDerived() const;
   bool CanWalk(const CQFileListItem* item) const;
 
   // Names.
@@ -248,7 +256,10 @@ class CQFileList : public IQFileList, public IQSelectedFileList, public IQPageUt
   // Deletion and bulk operations.
   bool IsOnThisCard(const char* path) const;
   int RemoveWithCompanions(CQFileListItem* item, bool sync);
-  int RemoveInTurn(CQFileListItem* item, bool force, bool sync, int* status);
+  int RemoveInTurn(CQFileListItem* item, flm::FileStatus& status, bool force, bool sync,
+                   int* passedOver);
+  bool LeaveFolder(CQFileListItem* item, flm::FileStatus& status, int position, bool sync);
+  bool HoldsFile(const char* folder, const char* filePath) const;
   void CleanUpDirectory(const char* filePath, const char* newestDir);
   int SaveAfterDeletion(int done);
   int DeleteMarked(const MarkedWalk& walk, bool force, ProgressCallback callback);
@@ -257,7 +268,8 @@ class CQFileList : public IQFileList, public IQSelectedFileList, public IQPageUt
   // Pages.
   enum class PageStart { kCursor, kFirstFile };
   int FillPage(CQFileListItem* items, PageStart start, bool bounded);
-  void TakeOnPage(CQFileListItem* element, const CQFileListItem& found);
+  void TakeOnPage(CQFileListItem* element, const CQFileListItem& found, flm::FileStatus& status);
+  int StepOnPage(CQFileListItem* found, flm::FileStatus& status, WalkStep step);
   bool IsBeyondLast(int page, int offset) const;
   int IndexOfPage(int page) const;
   int AnchorOnPageTop();

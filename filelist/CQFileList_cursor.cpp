@@ -4,6 +4,7 @@
 #include "base/bounded_text.h"
 #include "dcf/CQDCFList.h"
 #include "filelist/CQFileList_internal.h"
+#include "fsio/file_status.h"
 
 int CQFileList::InitGetAt() { return 0; }
 
@@ -21,7 +22,8 @@ int CQFileList::GetAt(int index, CQFileListItem* item, bool withInfo) {
   curIndex_ = GetFileListIndex(item->filePath);
   if (result < 0) return result;
   if (withInfo && GetFileInfo(item) < 0) return -1;
-  SetCur(item->filePath);
+  // SetCur without looking the index up once more.
+  catalogue_->SetCurFile(item->filePath);
   return result;
 }
 
@@ -59,9 +61,9 @@ bool CQFileList::CanWalk(const CQFileListItem* item) const {
   return item != nullptr && count_ > 0 && catalogue_ != nullptr;
 }
 
-// The common end of the walks. A step that failed leaves no current file, so that the next forward
-// step begins at the first file again.
-int CQFileList::FinishWalk(CQFileListItem* item, int result, WalkStep step, bool withInfo) {
+// The common end of the walks; with a status the item is filled from it. A step that failed leaves
+// no current file, so that the next forward step begins at the first file again.
+int CQFileList::FinishWalk(CQFileListItem* item, int result, WalkStep step, flm::FileStatus* info) {
   if (result < 0) {
     if (SetCur(nullptr) < 0) return -1;
     InitGetAt();
@@ -74,8 +76,8 @@ int CQFileList::FinishWalk(CQFileListItem* item, int result, WalkStep step, bool
       curIndex_ = GetFileListIndex(item->filePath);
     }
     // Only the last file comes without its companions' path; callers depend on the difference.
-    if (withInfo && step == WalkStep::kLast) item->objectPath[0] = '\0';
-    if (withInfo) result = GetFileInfo(item);
+    if (info != nullptr && step == WalkStep::kLast) item->objectPath[0] = '\0';
+    if (info != nullptr) result = FillInfo(item, *info);
   }
   count_ = DCF_GetCount();
   return result;
@@ -83,34 +85,49 @@ int CQFileList::FinishWalk(CQFileListItem* item, int result, WalkStep step, bool
 
 int CQFileList::GetFirst(CQFileListItem* item, bool withInfo) {
   if (!CanWalk(item)) return -1;
+  flm::FileStatus status(item->filePath);
+  return StepFirst(item, status, withInfo);
+}
+
+// The status is of the file that is stepped to, and is read at most once.
+int CQFileList::StepFirst(CQFileListItem* item, flm::FileStatus& status, bool withInfo) {
+  if (!CanWalk(item)) return -1;
   unsigned int time = static_cast<unsigned int>(item->modTime);
-  const int result = catalogue_->GetFirst(item->filePath, flm::kPathSize, item->objectPath,
-                                          flm::kPathSize, true, &time);
+  const int result = catalogue_->StepFirst(item->filePath, flm::kPathSize, item->objectPath,
+                                           flm::kPathSize, &time, &status);
   item->modTime = static_cast<int32_t>(time);
-  return FinishWalk(item, result, WalkStep::kFirst, withInfo);
+  return FinishWalk(item, result, WalkStep::kFirst, withInfo ? &status : nullptr);
 }
 
 int CQFileList::GetNext(CQFileListItem* item, bool withInfo) {
   if (!CanWalk(item)) return -1;
+  flm::FileStatus status(item->filePath);
+  return StepNext(item, status, withInfo);
+}
+
+int CQFileList::StepNext(CQFileListItem* item, flm::FileStatus& status, bool withInfo) {
+  if (!CanWalk(item)) return -1;
   unsigned int time = static_cast<unsigned int>(item->modTime);
-  const int result =
-      catalogue_->GetNext(item->filePath, flm::kPathSize, item->objectPath, flm::kPathSize, &time);
+  const int result = catalogue_->StepNext(item->filePath, flm::kPathSize, item->objectPath,
+                                          flm::kPathSize, &time, &status);
   item->modTime = static_cast<int32_t>(time);
-  return FinishWalk(item, result, WalkStep::kNext, withInfo);
+  return FinishWalk(item, result, WalkStep::kNext, withInfo ? &status : nullptr);
 }
 
 int CQFileList::GetPrev(CQFileListItem* item, bool withInfo) {
   if (!CanWalk(item)) return -1;
   const int result =
       catalogue_->GetPrev(item->filePath, flm::kPathSize, item->objectPath, flm::kPathSize);
-  return FinishWalk(item, result, WalkStep::kPrev, withInfo);
+  flm::FileStatus status(item->filePath);
+  return FinishWalk(item, result, WalkStep::kPrev, withInfo ? &status : nullptr);
 }
 
 int CQFileList::GetLast(CQFileListItem* item, bool withInfo) {
   if (!CanWalk(item)) return -1;
   const int result =
       catalogue_->GetLast(item->filePath, flm::kPathSize, item->objectPath, flm::kPathSize);
-  return FinishWalk(item, result, WalkStep::kLast, withInfo);
+  flm::FileStatus status(item->filePath);
+  return FinishWalk(item, result, WalkStep::kLast, withInfo ? &status : nullptr);
 }
 
 int CQFileList::GetCurrent(CQFileListItem* item, bool withInfo) {

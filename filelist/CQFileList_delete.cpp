@@ -7,6 +7,7 @@
 #include "dcf/CQDCFList.h"
 #include "filelist/CQFileList_internal.h"
 #include "fsio/PCQDCFFSIO.h"
+#include "fsio/file_status.h"
 
 // What tells the three deletions of marked files apart.
 struct CQFileList::MarkedWalk {
@@ -40,6 +41,13 @@ void FolderOf(const char* path, char* out) {
 
 bool BeginsWith(const char* text, const char* start) {
   return std::strncmp(text, start, std::strlen(start)) == 0;
+}
+
+// Whether a file's folder begins with another folder's path; every one does with an empty path.
+bool IsInFolder(const char* filePath, const char* folder) {
+  char own[flm::kPathSize];
+  FolderOf(filePath, own);
+  return BeginsWith(own, folder);
 }
 
 bool IsLastNumberedFolder(const char* folder) {
@@ -92,7 +100,7 @@ int CQFileList::Delete(CQFileListItem* item, bool force, bool saveDpof) {
   if (catalogue_ != nullptr) catalogue_->GetLastPath(newestFile, flm::kPathSize);
   FolderOf(newestFile, newestDir);
   CQFileListItem before;
-  if (GetPrev(&before, true) < 0) SetCur(nullptr);
+  if (GetPrev(&before, IsDerived()) < 0) SetCur(nullptr);
   // Callers take 0 for "not deleted": a number above 0 is the newest file's index.
   if (RemoveWithCompanions(item, true) != 0) return 0;
   --count_;
@@ -107,12 +115,24 @@ int CQFileList::Delete(CQFileListItem* item, bool force, bool saveDpof) {
 // go on into it; only number 999 makes room.
 void CQFileList::CleanUpDirectory(const char* filePath, const char* newestDir) {
   CQFileListItem last;
-  GetLast(&last, true);
+  GetLast(&last, IsDerived());
   if (last.filePath[0] == '\0') return;
   char folder[flm::kPathSize];
   FolderOf(filePath, folder);
   if (BeginsWith(folder, newestDir) && !IsLastNumberedFolder(newestDir)) return;
+  if (HoldsFile(folder, filePath)) return;
   if (PCQDCFFSIO::IsDirEmpty(folder) != 0) DCF_RemoveFile(folder, true);
+}
+
+// Whether a file that the list still has in a folder is there, which spares reading the folder. The
+// path is of a file that was in it.
+bool CQFileList::HoldsFile(const char* folder, const char* filePath) const {
+  char other[flm::kPathSize];
+  char otherFolder[flm::kPathSize];
+  if (catalogue_ == nullptr || catalogue_->GetFirstBeside(filePath, other, flm::kPathSize) < 0)
+    return false;
+  FolderOf(other, otherFolder);
+  return std::strcmp(folder, otherFolder) == 0 && PCQDCFFSIO::IsExist(other) != 0;
 }
 
 int CQFileList::DeleteCons(CQFileListItem* item, bool force, bool saveDpof) {
@@ -129,12 +149,13 @@ int CQFileList::SaveAfterDeletion(int done) {
   return SaveDPOFInfo(nullptr, devName_) < 0 ? kSaveFailed : done;
 }
 
-// One file of DeleteAll. kProtected, with the status saying so, for a file that is passed over; the
+// One file of DeleteAll. kProtected, with the code saying so, for a file that is passed over; the
 // failure that ends the deletion; else 0.
-int CQFileList::RemoveInTurn(CQFileListItem* item, bool force, bool sync, int* status) {
-  if (IsProtect(item)) {
+int CQFileList::RemoveInTurn(CQFileListItem* item, flm::FileStatus& status, bool force, bool sync,
+                             int* passedOver) {
+  if (IsDerived() ? IsProtect(item) : flm::NamesFile(item) && status.IsProtected()) {
     if (!force) {
-      *status = kProtected;
+      *passedOver = kProtected;
       return 0;
     }
     if (SetProtect(item, false) < 0) return kProtected;
@@ -145,32 +166,53 @@ int CQFileList::RemoveInTurn(CQFileListItem* item, bool force, bool sync, int* s
   return 0;
 }
 
+// Removes the folder of a file that is gone when it is empty. The next file is looked at first:
+// when it is in the same folder and is there, the folder need not be read. True when `item` has
+// become that file.
+bool CQFileList::LeaveFolder(CQFileListItem* item, flm::FileStatus& status, int position,
+                             bool sync) {
+  char folder[flm::kPathSize];
+  char nextFolder[flm::kPathSize];
+  FolderOf(item->filePath, folder);
+  DCF_GetAt(position, item);
+  status.Forget();
+  FolderOf(item->filePath, nextFolder);
+  if (std::strcmp(folder, nextFolder) == 0 && status.Result() == 0) return true;
+  if (PCQDCFFSIO::IsDirEmpty(folder) != 0) DCF_RemoveFile(folder, sync);
+  return false;
+}
+
 int CQFileList::DeleteAll(bool force, ProgressCallback callback) {
   CQFileListItem last;
-  GetLast(&last, true);
+  GetLast(&last, IsDerived());
   char lastDir[flm::kPathSize];
   FolderOf(last.filePath, lastDir);
   const int total = count_;
   CQFileListItem item;
-  int position = 0;  // a deleted file's successor moves into its place
+  flm::FileStatus status(item.filePath);
+  bool current = false;  // the item is the next file already
+  int position = 0;      // a deleted file's successor moves into its place
   for (int i = 0; i < total; ++i) {
     const bool sync = i == total - 1 || (i & kFlushMask) == kFlushMask;
-    DCF_GetAt(position, &item);
-    int status = 0;
-    const int failure = RemoveInTurn(&item, force, sync, &status);
-    if (failure < 0) return failure;
-    if (status < 0) {
-      ++position;
-    } else {
-      char folder[flm::kPathSize];
-      FolderOf(item.filePath, folder);
-      const bool newest = lastDir[0] == '\0' || BeginsWith(folder, lastDir);
-      if (!newest && PCQDCFFSIO::IsDirEmpty(folder) != 0) DCF_RemoveFile(folder, sync);
+    if (!current) {
+      DCF_GetAt(position, &item);
+      status.Forget();
     }
-    if (IsCancelled(callback, i, total, &status)) {
+    current = false;
+    int code = 0;
+    const int failure = RemoveInTurn(&item, status, force, sync, &code);
+    if (failure < 0) return failure;
+    if (code < 0) {
+      ++position;
+    } else if (!IsInFolder(item.filePath, lastDir)) {
+      current = LeaveFolder(&item, status, position, sync);
+    }
+    if (IsCancelled(callback, i, total, &code)) {
       UpdateLastIndex(false);
       return SaveAfterDeletion(flm::kBulkCancelled);
     }
+    // A callback may have changed list and card.
+    if (callback != nullptr) current = false;
   }
   curPage_ = -1;
   if (SaveDPOFInfo(nullptr, devName_) < 0) return kSaveFailed;

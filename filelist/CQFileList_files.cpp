@@ -4,8 +4,10 @@
 #include "base/bounded_text.h"
 #include "dcf/CQDCFList.h"
 #include "dcf/dcf_name.h"
+#include "dcf/item_layout.h"
 #include "filelist/CQFileList_internal.h"
 #include "fsio/PCQDCFFSIO.h"
+#include "fsio/file_status.h"
 
 namespace {
 
@@ -30,6 +32,8 @@ const Companion* CompanionOf(eFileType kind) {
   return nullptr;
 }
 
+constexpr int kNoCatalogue = -6;
+
 // Places of the numbers of a key, counted from the end of a path.
 constexpr int kKeyDirAt = 21;
 constexpr int kKeyFileAt = 8;
@@ -46,14 +50,38 @@ int CQFileList::GetInfo(char* path, CQFileListItem* item) {
 }
 
 int CQFileList::GetFileInfo(CQFileListItem* item) {
+  flm::FileStatus status(item == nullptr ? nullptr : item->filePath);
+  return FillInfo(item, status);
+}
+
+int CQFileList::FillInfo(CQFileListItem* item, flm::FileStatus& status) {
   if (!flm::NamesFile(item)) return -1;
-  item->selected = IsSel(item) ? 1 : 0;
-  item->wifiFlag = IsWifiFlag(item) ? 1 : 0;
-  item->dpofCopies = static_cast<uint8_t>(GetDPOFNumOfCopy(item));
-  item->dpofSize = GetDPOFSize(item);
-  item->dpofIndex = GetDPOFIndex(item) ? 1 : 0;
-  PCQDCFFSIO::GetFileStatInfo(item);
+  if (IsDerived()) {
+    item->selected = IsSel(item) ? 1 : 0;
+    item->wifiFlag = IsWifiFlag(item) ? 1 : 0;
+    item->dpofCopies = static_cast<uint8_t>(GetDPOFNumOfCopy(item));
+    item->dpofSize = GetDPOFSize(item);
+    item->dpofIndex = GetDPOFIndex(item) ? 1 : 0;
+  } else {
+    TakeMarks(item);
+  }
+  PCQDCFFSIO::TakeStatInfo(item, status);
   return 0;
+}
+
+// What those five operations say, with one look-up.
+void CQFileList::TakeMarks(CQFileListItem* item) {
+  CQDCFList::Marks marks = {false, false, kNoCatalogue, kNoCatalogue, 0};
+  if (catalogue_ != nullptr) {
+    marks = catalogue_->GetMarks(item->filePath);
+    if (marks.copies == flm::kInfoNoItem) marks.copies = flm::kPrintInfoNotHeld;
+    if (marks.size == flm::kInfoNoItem) marks.size = flm::kPrintInfoNotHeld;
+  }
+  item->selected = marks.selected ? 1 : 0;
+  item->wifiFlag = marks.wifi ? 1 : 0;
+  item->dpofCopies = static_cast<uint8_t>(marks.copies);
+  item->dpofSize = marks.size;
+  item->dpofIndex = marks.index == 1 ? 1 : 0;
 }
 
 int CQFileList::GetFileCreateTime(CQFileListItem* item) {

@@ -17,7 +17,8 @@ inline bool NamesFile(const CQFileListItem* item) {
          BoundedLength(item->filePath, kPathSize) < kPathSize;
 }
 
-constexpr int kBulkCancelled = 10000;  // the callback stopped a bulk operation
+constexpr int kPrintInfoNotHeld = -100;  // a print mark of a file that the list does not hold
+constexpr int kBulkCancelled = 10000;    // the callback stopped a bulk operation
 
 // Calls act(path) for each companion of an item: raw, voice memo, multi-picture, in this order.
 template <typename Act>

@@ -7,6 +7,7 @@
 #include "base/bounded_text.h"
 #include "base/wrapping.h"
 #include "filelist/CQFileList.h"
+#include "fsio/file_status.h"
 
 namespace {
 
@@ -38,23 +39,36 @@ int CQFileList::IndexOfPage(int page) const {
   return position > INT_MAX || position < 0 ? -1 : static_cast<int>(position);
 }
 
-void CQFileList::TakeOnPage(CQFileListItem* element, const CQFileListItem& found) {
+void CQFileList::TakeOnPage(CQFileListItem* element, const CQFileListItem& found,
+                            flm::FileStatus& status) {
   flm::CopyText(element->filePath, flm::kPathSize, found.filePath);
-  GetFileInfo(element);
+  FillInfo(element, status);
+}
+
+// A step of filling a page. The information that it would give is only wanted on the page.
+int CQFileList::StepOnPage(CQFileListItem* found, flm::FileStatus& status, WalkStep step) {
+  const bool first = step == WalkStep::kFirst;
+  status.Forget();
+  if (!IsDerived()) {
+    return first ? StepFirst(found, status, false) : StepNext(found, status, false);
+  }
+  return first ? GetFirst(found, true) : GetNext(found, true);
 }
 
 // Fills a page forward and remembers its first file. `bounded` also ends it at the last file of the
 // list; a page in front of another one is always full.
 int CQFileList::FillPage(CQFileListItem* items, PageStart start, bool bounded) {
   CQFileListItem found;
+  flm::FileStatus status(found.filePath);
   int filled = 0;
-  int step = start == PageStart::kFirstFile ? GetFirst(&found, true) : GetCur(&found);
+  int step = start == PageStart::kFirstFile ? StepOnPage(&found, status, WalkStep::kFirst)
+                                            : GetCur(&found);
   flm::CopyText(pageTopPath_, flm::kPathSize, found.filePath);
   while (step >= 0) {
-    TakeOnPage(&items[filled], found);
+    TakeOnPage(&items[filled], found, status);
     ++filled;
     if (filled >= pageSize_ || (bounded && IsBeyondLast(curPage_, filled))) break;
-    step = GetNext(&found, true);
+    step = StepOnPage(&found, status, WalkStep::kNext);
   }
   return filled;
 }
@@ -86,7 +100,7 @@ int CQFileList::GetNextPage(CQFileListItem* items) {
   }
   CQFileListItem passed;
   for (int i = 0; i < pageSize_; ++i) {
-    if (GetNext(&passed, true) < 0) return -1;
+    if (GetNext(&passed, IsDerived()) < 0) return -1;
   }
   curPage_ = flm::WrappingSum(curPage_, 1);
   if (IsBeyondLast(curPage_, 0)) return 0;
@@ -104,7 +118,7 @@ int CQFileList::GetPrevPage(CQFileListItem* items) {
   }
   CQFileListItem passed;
   for (int i = 0; i < pageSize_; ++i) {
-    if (GetPrev(&passed, true) < 0) return -1;
+    if (GetPrev(&passed, IsDerived()) < 0) return -1;
   }
   const int filled = FillPage(items, PageStart::kCursor, false);
   curPage_ = flm::WrappingSum(curPage_, -1);
@@ -118,10 +132,11 @@ int CQFileList::GetLastPage(CQFileListItem* items) {
   if (onPage == 0) onPage = pageSize_;
   CQFileListItem found;
   for (int k = onPage - 1; k >= 0; --k) {
-    const int step = k == onPage - 1 ? GetLast(&found, true) : GetPrev(&found, true);
+    const int step = k == onPage - 1 ? GetLast(&found, IsDerived()) : GetPrev(&found, IsDerived());
     if (step < 0) break;
     flm::CopyText(pageTopPath_, flm::kPathSize, found.filePath);
-    TakeOnPage(&items[k], found);
+    flm::FileStatus status(found.filePath);
+    TakeOnPage(&items[k], found, status);
   }
   curPage_ = GetPageTotalCount() - 1;
   return onPage;
@@ -136,7 +151,7 @@ int CQFileList::GetPageAt(int page, CQFileListItem* items) {
   if (shown && page == curPage_ - 1) return GetPrevPage(items);
   if (!shown || page != curPage_) {
     CQFileListItem first;
-    if (GetAt(IndexOfPage(page), &first, true) < 0) return -1;
+    if (GetAt(IndexOfPage(page), &first, IsDerived()) < 0) return -1;
     flm::CopyText(pageTopPath_, flm::kPathSize, first.filePath);
   }
   return ShowPageFrom(page, items);
@@ -147,7 +162,7 @@ int CQFileList::ShowPageFrom(int page, CQFileListItem* items) {
   int result = AnchorOnPageTop();
   if (curIndex_ < 0) {
     CQFileListItem first;
-    result = GetAt(IndexOfPage(page), &first, true);
+    result = GetAt(IndexOfPage(page), &first, IsDerived());
   }
   if (result < 0) return -1;
   curPage_ = page;

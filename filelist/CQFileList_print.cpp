@@ -14,7 +14,6 @@ namespace {
 constexpr int kMostCopies = 99;
 constexpr int kMaxDevNameLength = 30;
 constexpr int kNoCatalogue = -6;
-constexpr int kNotHeld = -100;
 
 unsigned char InEightBits(int value) { return static_cast<unsigned char>(value); }
 
@@ -71,7 +70,7 @@ int CQFileList::SetDPOFIndex(bool on) {
 
 int CQFileList::ReadPrintInfo(CQFileListItem* item, int byte) {
   const int value = catalogue_->GetCustomInfo(item->filePath, byte);
-  return value == flm::kInfoNoItem ? kNotHeld : value;
+  return value == flm::kInfoNoItem ? flm::kPrintInfoNotHeld : value;
 }
 
 int CQFileList::GetDPOFNumOfCopy(CQFileListItem* item) {

@@ -10,9 +10,12 @@
 #include <cstdint>
 
 #include "base/fixed_sizes.h"
+#include "fsio/folder_listing.h"
 
-struct dirent;
 class CQFileListItem;
+namespace flm {
+class FileStatus;
+}
 
 class PCQDCFFSIO {
  public:
@@ -34,7 +37,8 @@ class PCQDCFFSIO {
 
   // --- Directory reader -------------------------------------------------------------------------
   // Lists a folder in DCF order: names of 12 characters by everything behind their four free
-  // characters, any other pair by the whole names, byte by byte. "." and ".." are listed too.
+  // characters, any other pair by the whole names, byte by byte. "." and ".." are listed too. The
+  // catalogue's own scan uses the listing below it (folder_listing.h) without copying the names.
   PCQDCFFSIO();
   PCQDCFFSIO(const char* path, const char* pattern);  // opens at once
   virtual ~PCQDCFFSIO();
@@ -53,7 +57,7 @@ class PCQDCFFSIO {
   int Close();
 
   // Whether a listing was made by the last Open; stays true after Close.
-  bool IsValid() const { return handle_ != nullptr; }
+  bool IsValid() const { return valid_; }
 
   // --- Status of a file -------------------------------------------------------------------------
   // Links are followed. A time is the last modification, whatever the name says.
@@ -67,6 +71,8 @@ class PCQDCFFSIO {
   static unsigned int GetFileCreateTime(const char* path);
   // As GetFileCreateTime(item), and sets the item's isProtected.
   static int GetFileStatInfo(CQFileListItem* item);
+  // The same from a status of the item's file that the caller shares with others.
+  static int TakeStatInfo(CQFileListItem* item, flm::FileStatus& status);
   // 1 when the path exists, else 0.
   static int IsExist(const char* path);
   // 1 when the owner-write permission is clear, 0 when it is set or unknown.
@@ -93,12 +99,10 @@ class PCQDCFFSIO {
   static int DestroyFileIO(void* handle);
 
  private:
-  void ReleaseUnread();
-
-  dirent** handle_ = nullptr;   // a copy of the listing pointer, tested for validity
-  dirent** entries_ = nullptr;  // the listing; owned
-  int32_t entryCount_ = 0;      // entries in the listing, -1 when it failed
-  int32_t remaining_ = 0;       // entries not yet handed out
+  flm::FolderListing listing_;
+  bool valid_ = false;  // the last Open made a listing
+  bool open_ = false;   // and it has not been closed
+  int32_t next_ = 0;    // the entry to hand out next
 };
 
 #endif

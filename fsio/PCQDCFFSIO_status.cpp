@@ -4,21 +4,14 @@
 #include "base/file_list_item.h"
 #include "base/wrapping.h"
 #include "fsio/PCQDCFFSIO.h"
+#include "fsio/file_status.h"
 #include "fsio/os_calls.h"
 
 namespace {
 
-constexpr mode_t kOwnerWrite = 0200;   // clear means protected
 constexpr mode_t kModeBits = 07777;    // what chmod takes
 constexpr int kYearBase = 1900;        // of struct tm
 constexpr int kEntriesOfEmptyDir = 2;  // "." and ".."
-
-// 0, or the negative result of the call; a null path has no status.
-int StatusOf(const char* path, struct stat* status) {
-  return path == nullptr ? -1 : flm::Os().Stat(path, status);
-}
-
-bool IsProtectedMode(mode_t mode) { return (mode & kOwnerWrite) == 0; }
 
 // Writes the time fields, all of them or none.
 int FillTime(CQFileListItem* item, time_t modified) {
@@ -37,49 +30,46 @@ int FillTime(CQFileListItem* item, time_t modified) {
 }  // namespace
 
 int PCQDCFFSIO::GetFileSize(const char* path) {
-  struct stat status;
-  const int result = StatusOf(path, &status);
+  flm::FileStatus status(path);
+  const int result = status.Result();
   if (result < 0) return result;
-  return static_cast<int32_t>(static_cast<uint32_t>(status.st_size));
+  return static_cast<int32_t>(static_cast<uint32_t>(status.Value().st_size));
 }
 
 int PCQDCFFSIO::GetFileCreateTime(CQFileListItem* item) {
   if (item == nullptr) return -1;
-  struct stat status;
-  const int result = StatusOf(item->filePath, &status);
-  return result < 0 ? result : FillTime(item, status.st_mtime);
+  flm::FileStatus status(item->filePath);
+  const int result = status.Result();
+  return result < 0 ? result : FillTime(item, status.Value().st_mtime);
 }
 
 unsigned int PCQDCFFSIO::GetFileCreateTime(const char* path) {
-  struct stat status;
-  return StatusOf(path, &status) < 0 ? 0U : static_cast<unsigned int>(status.st_mtime);
+  return flm::FileStatus(path).ModifiedTime();
 }
 
 int PCQDCFFSIO::GetFileStatInfo(CQFileListItem* item) {
   if (item == nullptr) return -1;
-  struct stat status;
-  int result = StatusOf(item->filePath, &status);
+  flm::FileStatus status(item->filePath);
+  return TakeStatInfo(item, status);
+}
+
+int PCQDCFFSIO::TakeStatInfo(CQFileListItem* item, flm::FileStatus& status) {
+  int result = status.Result();
   if (result < 0) return result;
-  result = FillTime(item, status.st_mtime);
-  if (result == 0) item->isProtected = IsProtectedMode(status.st_mode) ? 1 : 0;
+  result = FillTime(item, status.Value().st_mtime);
+  if (result == 0) item->isProtected = status.IsProtected() ? 1 : 0;
   return result;
 }
 
-int PCQDCFFSIO::IsExist(const char* path) {
-  struct stat status;
-  return StatusOf(path, &status) == 0 ? 1 : 0;
-}
+int PCQDCFFSIO::IsExist(const char* path) { return flm::FileStatus(path).Result() == 0 ? 1 : 0; }
 
-int PCQDCFFSIO::IsProtect(const char* path) {
-  struct stat status;
-  return StatusOf(path, &status) == 0 && IsProtectedMode(status.st_mode) ? 1 : 0;
-}
+int PCQDCFFSIO::IsProtect(const char* path) { return flm::FileStatus(path).IsProtected() ? 1 : 0; }
 
 int PCQDCFFSIO::SetProtect(const char* path, bool protect) {
-  struct stat status;
-  if (StatusOf(path, &status) < 0) return -1;
-  const mode_t mode = status.st_mode & kModeBits;
-  const int result = flm::Os().Chmod(path, protect ? mode & ~kOwnerWrite : mode | kOwnerWrite);
+  flm::FileStatus status(path);
+  if (status.Result() < 0) return -1;
+  const mode_t mode = status.Value().st_mode & kModeBits;
+  const int result = flm::Os().Chmod(path, protect ? mode & ~flm::kOwnerWrite : mode | flm::kOwnerWrite);
   flm::Os().Sync();
   return result;
 }

@@ -26,8 +26,6 @@ struct OsCalls {
   int (*Unlink)(const char* path);
   int (*Remove)(const char* path);
   void (*Sync)();
-  int (*Scandir)(const char* path, dirent*** entries, int (*filter)(const dirent*),
-                 int (*compare)(const dirent**, const dirent**));
   DIR* (*Opendir)(const char* path);
   dirent* (*Readdir)(DIR* dir);
   int (*Closedir)(DIR* dir);

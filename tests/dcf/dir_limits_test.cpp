@@ -8,6 +8,7 @@
 
 #include "tests/dcf/dir_fixture.h"
 #include "tests/fsio/scoped_os_calls.h"
+#include "tests/support/fake_folders.h"
 
 namespace {
 
@@ -83,16 +84,14 @@ class ManyNames {
   ManyNames(int count, void (*name)(int i, char* out)) {
     count_ = count;
     name_ = name;
-    flm::Os().Scandir = [](const char*, dirent*** entries, int (*)(const dirent*),
-                           int (*)(const dirent**, const dirent**)) {
-      auto** const list = static_cast<dirent**>(malloc(sizeof(dirent*) * (count_ + 1)));
+    flm_test::FakeFolders::Install([](const std::string&, std::vector<std::string>& names) {
+      char made[flm::kEntryNameSize];
       for (int i = 0; i < count_; ++i) {
-        list[i] = static_cast<dirent*>(calloc(1, sizeof(dirent)));
-        name_(i, list[i]->d_name);
+        name_(i, made);
+        names.push_back(made);
       }
-      *entries = list;
-      return count_;
-    };
+      return true;
+    });
     flm::Os().Stat = [](const char*, struct stat*) { return 0; };
   }
 

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 #include <unistd.h>
 
+#include <cstring>
 #include <string>
 
 #include "tests/dcf/dir_fixture.h"
@@ -143,14 +144,11 @@ TEST_F(DirScan, AFolderNamedLikeAPictureIsTakenForOne) {
 class DirScanWithoutPictures : public DirScan {
  protected:
   DirScanWithoutPictures() {
-    flm::Os().Scandir = [](const char* path, dirent*** entries, int (*)(const dirent*),
-                           int (*compare)(const dirent**, const dirent**)) {
-      return scandir(
-          path, entries,
-          [](const dirent* entry) {
-            return std::string(entry->d_name).find(".JPG") == std::string::npos ? 1 : 0;
-          },
-          compare);
+    flm::Os().Readdir = [](DIR* dir) {
+      dirent* entry = readdir(dir);
+      while (entry != nullptr && std::strstr(entry->d_name, ".JPG") != nullptr)
+        entry = readdir(dir);
+      return entry;
     };
   }
   flm_test::ScopedOsCalls os_;

@@ -14,6 +14,7 @@
 #include "dcf/CQDCFList.h"
 #include "fsio/os_calls.h"
 #include "tests/support/card.h"
+#include "tests/support/fake_folders.h"
 
 namespace flm_test {
 
@@ -175,7 +176,12 @@ class FakeListings {
   explicit FakeListings(const Card& card) {
     folders.clear();
     root = card.Root() + "/";
-    flm::Os().Scandir = &FakeListings::Scandir;
+    FakeFolders::Install([](const std::string& whole, Names& names) {
+      const auto found = folders.find(whole.substr(std::min(whole.size(), root.size())));
+      if (found == folders.end()) return false;
+      names = found->second;
+      return true;
+    });
   }
   // Adds a folder below "DCIM" with `count` files QVX_0001.JPG and so on.
   void AddFolder(const std::string& name, int count) {
@@ -189,22 +195,6 @@ class FakeListings {
 
   static inline std::map<std::string, Names> folders;
   static inline std::string root;
-
- private:
-  static int Scandir(const char* path, dirent*** entries, int (*)(const dirent*),
-                     int (*)(const dirent**, const dirent**)) {
-    const std::string whole = path;
-    const auto found = folders.find(whole.substr(std::min(whole.size(), root.size())));
-    if (found == folders.end()) return -1;
-    const Names& names = found->second;
-    *entries = static_cast<dirent**>(std::malloc((names.size() + 1) * sizeof(dirent*)));
-    for (size_t i = 0; i < names.size(); ++i) {
-      auto* entry = static_cast<dirent*>(std::calloc(1, sizeof(dirent)));
-      names[i].copy(entry->d_name, sizeof(entry->d_name) - 1);
-      (*entries)[i] = entry;
-    }
-    return static_cast<int>(names.size());
-  }
 };
 
 }  // namespace flm_test

@@ -5,6 +5,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <cerrno>
 #include <cstring>
 #include <string>
 #include <vector>
@@ -258,17 +259,22 @@ TEST(DirReader, AFailedListingLeavesNoDescriptorOpen) {
   EXPECT_EQ(before, flm_test::FdCount());
 }
 
-TEST(DirReader, TheSystemIsAskedForEveryEntry) {
+TEST(DirReader, AFolderThatCannotBeReadToItsEndHasNoListing) {
+  Card card;
+  card.MakeFiles("d", "QVX_", 1, 5, "JPG");
   const flm_test::ScopedOsCalls os;
-  static bool filtered = true;
-  flm::Os().Scandir = [](const char*, dirent***, int (*filter)(const dirent*),
-                         int (*)(const dirent**, const dirent**)) {
-    filtered = filter != nullptr;
-    return -1;
+  flm::Os().Readdir = [](DIR* dir) {
+    dirent* const entry = readdir(dir);
+    if (entry == nullptr || std::strcmp(entry->d_name, "QVX_0003.JPG") != 0) return entry;
+    errno = EIO;
+    return static_cast<dirent*>(nullptr);
   };
-  PCQDCFFSIO reader(Arg("/any"), Arg("CAM*"));
-  EXPECT_FALSE(filtered);
+  const int before = flm_test::FdCount();
+  PCQDCFFSIO reader(Arg(card.Path("d")), Arg(""));
   EXPECT_FALSE(reader.IsValid());
+  PCQDCFFSIO::PTFile entry = {};
+  EXPECT_EQ(-1, reader.Read(&entry));
+  EXPECT_EQ(before, flm_test::FdCount());
 }
 
 TEST(DirReader, AHundredFilesComeInAscendingOrder) {

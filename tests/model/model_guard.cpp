@@ -40,10 +40,6 @@ int Mkdir(const char* path, mode_t mode) {
 }
 int Unlink(const char* path) { return MayChange(path) ? real.Unlink(path) : Refuse(); }
 int Remove(const char* path) { return MayChange(path) ? real.Remove(path) : Refuse(); }
-int Scandir(const char* path, dirent*** entries, int (*filter)(const dirent*),
-            int (*compare)(const dirent**, const dirent**)) {
-  return May(path) ? real.Scandir(path, entries, filter, compare) : Refuse();
-}
 DIR* Opendir(const char* path) {
   if (May(path)) return real.Opendir(path);
   Refuse();
@@ -79,7 +75,6 @@ Guard::Guard(const std::string& base) {
   os.Mkdir = Mkdir;
   os.Unlink = Unlink;
   os.Remove = Remove;
-  os.Scandir = Scandir;
   os.Opendir = Opendir;
   os.Open = Open;
   os.Sync = Sync;

@@ -1,0 +1,29 @@
+#include "fsio/file_status.h"
+
+#include <cstring>
+
+#include "fsio/os_calls.h"
+
+namespace flm {
+
+bool FileStatus::IsOf(const char* path) const {
+  return path_ != nullptr && path != nullptr && std::strcmp(path_, path) == 0;
+}
+
+int FileStatus::Result() {
+  if (!read_) {
+    read_ = true;
+    result_ = path_ == nullptr ? -1 : Os().Stat(path_, &status_);
+  }
+  return result_;
+}
+
+unsigned int FileStatus::ModifiedTime() {
+  return Result() < 0 ? 0U : static_cast<unsigned int>(status_.st_mtime);
+}
+
+bool FileStatus::IsProtected() {
+  return Result() == 0 && (status_.st_mode & kOwnerWrite) == 0;
+}
+
+}  // namespace flm
