@@ -89,6 +89,12 @@ int RandomSize(Choice& choice) {
 void ChooseArguments(Call& call, const Operation& operation, Scene& scene) {
   Choice& choice = scene.choice;
   call.path = RandomPath(scene, &call.item);
+  // Among hundreds of files the same one would hardly be asked for again after it was changed.
+  if (scene.large && !scene.last.empty() && choice.Chance(40)) {
+    call.path = scene.last;
+    Put(call.item.filePath, 128, call.path);
+  }
+  scene.last = call.path;
   if (choice.Chance(30)) {
     Put(call.item.filePath, 128, call.path);
   } else if (choice.Chance(5)) {
@@ -100,6 +106,7 @@ void ChooseArguments(Call& call, const Operation& operation, Scene& scene) {
   call.number[1] = choice.Range(-1, 8);
   call.number[2] = choice.Chance(80) ? choice.Range(0, 9) : choice.Range(-2, 300);
   call.number[3] = choice.Below(2);
+  if (scene.large && choice.Chance(60)) call.number[3] = 0;  // a scan of everything
   call.on = choice.Chance(60);
   call.on2 = choice.Chance(40);
   call.size = RandomSize(choice);

@@ -60,6 +60,8 @@ struct Scene {
   std::string root;
   std::string otherRoot;
   std::vector<std::string>& stale;  // paths that some list handed out once
+  bool large;                       // whether the cards hold hundreds of files
+  std::string& last;                // the path of the call before
 };
 
 using Arrange = void (*)(Call&, Scene&);
@@ -116,6 +118,7 @@ std::vector<Operation> BulkOperations();
 std::vector<Operation> CatalogueOperations();
 std::vector<Operation> TableOperations();
 std::vector<Operation> NumberingOperations();
+std::vector<Operation> ManyFilesOperations();
 
 }  // namespace flm_model
 

@@ -59,18 +59,6 @@ void SetTime(Choice& choice, const std::string& path) {
   utimensat(AT_FDCWD, path.c_str(), times, 0);
 }
 
-void MakeEntry(Choice& choice, const std::string& path) {
-  if (fs::exists(path)) return;
-  if (choice.Chance(2)) {
-    fs::create_directory(path);
-    if (choice.Chance(30)) Write(path + "/inside", "x");
-    return;
-  }
-  Write(path, std::string(static_cast<size_t>(choice.Below(3)), 'x'));
-  SetTime(choice, path);
-  if (choice.Chance(15)) chmod(path.c_str(), 0444);
-}
-
 std::string RandomNumber(Choice& choice) {
   int number = choice.Range(1, 6);
   if (choice.Chance(10)) number = choice.Range(9996, 9999);
@@ -200,6 +188,18 @@ std::string RandomLine(Choice& choice, const std::string& root, const Names& fil
 }
 
 }  // namespace
+
+void MakeEntry(Choice& choice, const std::string& path) {
+  if (fs::exists(path)) return;
+  if (choice.Chance(2)) {
+    fs::create_directory(path);
+    if (choice.Chance(30)) Write(path + "/inside", "x");
+    return;
+  }
+  Write(path, std::string(static_cast<size_t>(choice.Below(3)), 'x'));
+  SetTime(choice, path);
+  if (choice.Chance(15)) chmod(path.c_str(), 0444);
+}
 
 std::string RandomPrintOrder(Choice& choice, const std::string& root) {
   if (choice.Chance(10)) return RandomBytes(choice);

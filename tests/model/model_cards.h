@@ -10,6 +10,9 @@ namespace flm_model {
 
 void MakeCard(Choice& choice, const std::string& root);
 
+// A file of random content, time and permission; now and then a folder. An existing one stays.
+void MakeEntry(Choice& choice, const std::string& path);
+
 // One change behind the library's back: a file added, removed, protected or written.
 std::string DisturbCard(Choice& choice, const std::string& root);
 

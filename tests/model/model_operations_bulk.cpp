@@ -1,4 +1,6 @@
 // The operations of the file list: marks and their walks, protection, deletion, many files, pages.
+#include <algorithm>
+
 #include "tests/model/model_call.h"
 
 namespace flm_model {
@@ -8,7 +10,8 @@ constexpr int kPageItems = 12;
 
 void PageRoom(Call& call, Scene& scene) {
   call.items.resize(kPageItems);
-  call.number[0] = scene.choice.Range(-1, 6);
+  int most = std::max(6, scene.list.GetPageTotalCount());
+  call.number[0] = scene.choice.Range(-1, most);
   if (scene.choice.Chance(2)) call.number[0] = 2147483647;
 }
 

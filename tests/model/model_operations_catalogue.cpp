@@ -11,8 +11,11 @@ void BitNumber(Call& call, Scene& scene) {
 
 void InfoByte(Call& call, Scene& scene) {
   static const std::vector<int> common = {2, 13, 14, 15, 2, 13, 14, 15, 11, 12, 3};
+  // The bytes that order, look-ups and marks go by: number, bits, free characters, extension.
+  static const std::vector<int> deciding = {0, 1, 3, 3, 4, 7, 8, 9, 20, 22, 30};
   call.number[2] = scene.choice.From(common);
   if (scene.choice.Chance(4)) call.number[2] = scene.choice.Range(-1, 70);
+  if (scene.large && scene.choice.Chance(30)) call.number[2] = scene.choice.From(deciding);
   call.number[1] = scene.choice.Chance(80) ? scene.choice.Below(9) : scene.choice.Below(256);
 }
 

@@ -2,10 +2,13 @@
 
 #include <sys/stat.h>
 
+#include <algorithm>
+#include <array>
 #include <filesystem>
 #include <sstream>
 
 #include "tests/model/model_cards.h"
+#include "tests/model/model_large_cards.h"
 
 namespace flm_model {
 namespace {
@@ -28,13 +31,19 @@ std::string Glance(List& list) {
   return text + path + " " + object;
 }
 
-// Everything that is known of every file, found by its path.
+// Which files an inventory names: every `step`-th from `first`.
+struct Sample {
+  int first;
+  int step;
+};
+
+// Everything that is known of the files of a sample, found by their paths.
 template <class List>
-std::string Inventory(List& list) {
+std::string Inventory(List& list, Sample sample) {
   std::ostringstream text;
   auto* catalogue = list.GetDCFList();
   if (catalogue == nullptr) return "";
-  for (int i = 0;; ++i) {
+  for (int i = sample.first;; i += sample.step) {
     char path[128] = "";
     char object[128] = "";
     if (catalogue->GetAt(i, path, 128, object, 128) != 0) break;
@@ -65,16 +74,28 @@ long RandomPreference(Choice& choice) {
   return values[choice.Below(9)];
 }
 
+// Operations after which a large card or its catalogue holds nothing more; they are made less often
+// there, since the card was long in the making.
+constexpr int kSparedPercent = 80;
+constexpr int kFewFiles = 50;
+
+bool EmptiesCard(const Operation& operation) {
+  static const std::array names = {"DeleteAll",   "RemoveAll",  "Destroy",
+                                   "FreeList",    "dcf Create", "dcf FreeMem",
+                                   "dcf SetMode", "SetType",    "dcf FreeAllDir"};
+  return std::find(names.begin(), names.end(), std::string(operation.name)) != names.end();
+}
+
 }  // namespace
 
-Round::Round(uint64_t seed, int cards, const std::string& folder)
-    : seed_(seed), choice_(seed), folder_(folder) {
+Round::Round(uint64_t seed, int cards, CardSize size, const std::string& folder)
+    : seed_(seed), choice_(seed), large_(size == CardSize::kLarge), folder_(folder) {
   RemoveFolder(folder_);
   fs::create_directories(folder_);
   for (int i = 0; i < cards; ++i) {
     std::string root = folder_ + (i == 0 ? "/a" : "/b");
     if (choice_.Chance(30)) root += std::string(static_cast<size_t>(choice_.Range(1, 24)), '_');
-    MakeCard(choice_, root);
+    large_ ? MakeLargeCard(choice_, root) : MakeCard(choice_, root);
     cards_.push_back({root, nullptr, nullptr});
   }
   world_.picture.Read(folder_);
@@ -88,6 +109,9 @@ Round::Round(uint64_t seed, int cards, const std::string& folder)
   for (const auto& more : {ListOperations(), MarkOperations(), BulkOperations(),
                            CatalogueOperations(), TableOperations(), NumberingOperations()}) {
     table_.insert(table_.end(), more.begin(), more.end());
+  }
+  if (large_) {
+    for (const Operation& operation : ManyFilesOperations()) table_.push_back(operation);
   }
   for (const Operation& operation : table_) weights_ += operation.weight;
   for (Card& card : cards_) Prepare(card);
@@ -113,6 +137,14 @@ void Round::Prepare(Card& card) {
   card.model->SetType(type);
   card.library->SetType(type);
   history_.push_back(Format("card %s type %d", card.root.c_str(), type));
+  if (large_) Prefer(card);
+}
+
+// Large cards are listed with their "CAMERA" folders most of the time.
+void Round::Prefer(Card& card) {
+  bool camera = choice_.Chance(75);
+  card.model->IncludeNonDCF(camera);
+  card.library->IncludeNonDCF(camera);
 }
 
 // A list whose root is missing or too long to be kept reads and makes nothing.
@@ -139,12 +171,20 @@ void Round::Fail(const std::string& what) {
   failure_ = text.str() + what;
 }
 
-// A list without files is scanned again soon.
+// A list without files, or with few of a large card, is scanned again soon.
 const Operation& Round::Pick(const Card& card) {
-  int rescan = card.model->GetDCFList() == nullptr ? 85 : card.model->GetCount() <= 0 ? 20 : 0;
+  int count = card.model->GetCount();
+  int rescan = count > 0 ? 0 : large_ ? 60 : 20;
+  if (card.model->GetDCFList() == nullptr) rescan = 85;
+  if (large_ && rescan == 0 && count < kFewFiles) rescan = 8;
   for (const Operation& operation : table_) {
     if (std::string(operation.name) == "Listup" && choice_.Chance(rescan)) return operation;
   }
+  const Operation& picked = PickAny();
+  return large_ && EmptiesCard(picked) && choice_.Chance(kSparedPercent) ? PickAny() : picked;
+}
+
+const Operation& Round::PickAny() {
   int at = choice_.Below(weights_);
   for (const Operation& operation : table_) {
     at -= operation.weight;
@@ -168,7 +208,7 @@ void Round::Disturb(Card& card) {
 void Round::RunOperation(Card& card, const Operation& operation) {
   Call onModel;
   const Card& other = cards_[cards_.size() - 1 - static_cast<size_t>(&card - cards_.data())];
-  Scene scene{choice_, world_, *card.model, card.root, other.root, stale_};
+  Scene scene{choice_, world_, *card.model, card.root, other.root, stale_, large_, last_};
   ChooseArguments(onModel, operation, scene);
   Call onLibrary = onModel;
   history_.push_back(card.root.substr(folder_.size()) + " " + Describe(operation, onModel));
@@ -190,8 +230,11 @@ void Round::CheckState(Card& card, bool whole) {
   std::string expected = Glance(*card.model);
   std::string actual = Glance(*card.library);
   if (whole) {
-    expected += "\n" + Inventory(*card.model);
-    actual += "\n" + Inventory(*card.library);
+    Sample sample{0, 1};
+    if (large_ && !choice_.Chance(3)) sample.step = choice_.Range(20, 60);
+    if (large_) sample.first = choice_.Below(sample.step);
+    expected += "\n" + Inventory(*card.model, sample);
+    actual += "\n" + Inventory(*card.library, sample);
   }
   if (expected != actual)
     Fail("state of " + card.root + "\n--- model\n" + expected + "\n--- library\n" + actual);

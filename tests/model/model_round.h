@@ -13,9 +13,11 @@
 
 namespace flm_model {
 
+enum class CardSize { kSmall, kLarge };
+
 class Round {
  public:
-  Round(uint64_t seed, int cards, const std::string& folder);
+  Round(uint64_t seed, int cards, CardSize size, const std::string& folder);
   ~Round();
   Round(const Round&) = delete;
   Round& operator=(const Round&) = delete;
@@ -35,13 +37,16 @@ class Round {
   void ScanWithoutRoot(Card& card);
   void RunOperation(Card& card, const Operation& operation);
   void Disturb(Card& card);
+  void Prefer(Card& card);
   const Operation& Pick(const Card& card);
+  const Operation& PickAny();
   bool IsWornOut();
   void CheckState(Card& card, bool whole);
   void Fail(const std::string& what);
 
   uint64_t seed_;
   Choice choice_;
+  bool large_;
   std::string folder_;
   World world_;
   std::unique_ptr<Guard> guard_;
@@ -50,6 +55,7 @@ class Round {
   int weights_ = 0;
   int barren_ = 0;  // operations in a row on a list without files
   std::vector<std::string> stale_;
+  std::string last_;
   std::vector<std::string> history_;
   std::string failure_;
 };

@@ -1,6 +1,7 @@
 #include "tests/model/model_world.h"
 
 #include <dirent.h>
+#include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -10,7 +11,6 @@
 #include <cstdlib>
 #include <cstring>
 #include <filesystem>
-#include <fstream>
 #include <set>
 #include <sstream>
 
@@ -41,10 +41,15 @@ std::vector<std::string> SortedByPlatform(const std::vector<std::string>& names)
 std::string FolderOf(const std::string& path) { return path.substr(0, path.rfind('/')); }
 
 std::string ReadAll(const std::string& path) {
-  std::ifstream in(path, std::ios::binary);
-  std::ostringstream text;
-  text << in.rdbuf();
-  return text.str();
+  std::string text;
+  int file = open(path.c_str(), O_RDONLY | O_CLOEXEC);
+  if (file < 0) return text;
+  char part[4096];
+  for (ssize_t got = read(file, part, sizeof part); got > 0; got = read(file, part, sizeof part)) {
+    text.append(part, static_cast<size_t>(got));
+  }
+  close(file);
+  return text;
 }
 
 Node ReadNode(const std::string& path) {
@@ -57,7 +62,7 @@ Node ReadNode(const std::string& path) {
   node.timeKnown = !node.folder;
   if (!node.folder) {
     node.size = static_cast<size_t>(status.st_size);
-    node.content = ReadAll(path);
+    if (node.size != 0) node.content = ReadAll(path);
     node.contentKnown = true;
   }
   return node;
