@@ -26,16 +26,10 @@ BoundedText& BoundedText::Char(char c) {
   return *this;
 }
 
-BoundedText& BoundedText::Text(const char* text) {
-  return text == nullptr ? *this : Text(text, std::strlen(text));
-}
-
-BoundedText& BoundedText::Text(const char* text, size_t maxLength) {
-  if (text == nullptr) return *this;
-  const size_t wanted = strnlen(text, maxLength);
+BoundedText& BoundedText::Append(const char* text, size_t length) {
   const size_t room = size_ > length_ + 1 ? static_cast<size_t>(size_ - length_ - 1) : 0;
-  const size_t taken = wanted < room ? wanted : room;
-  if (taken < wanted) cut_ = true;
+  const size_t taken = length < room ? length : room;
+  if (taken < length) cut_ = true;
   if (taken == 0) return *this;
   std::memcpy(out_ + length_, text, taken);
   length_ += static_cast<int>(taken);
@@ -43,29 +37,40 @@ BoundedText& BoundedText::Text(const char* text, size_t maxLength) {
   return *this;
 }
 
+BoundedText& BoundedText::Text(const char* text) {
+  return text == nullptr ? *this : Append(text, std::strlen(text));
+}
+
+BoundedText& BoundedText::Text(const char* text, size_t maxLength) {
+  return text == nullptr ? *this : Append(text, strnlen(text, maxLength));
+}
+
 BoundedText& BoundedText::Number(int value, int minWidth) {
   char digits[kNumberSize];
-  int count = 0;
+  char* const end = digits + kNumberSize;
+  char* at = end;
   unsigned int rest =
       value < 0 ? 0U - static_cast<unsigned int>(value) : static_cast<unsigned int>(value);
   do {
-    digits[count++] = static_cast<char>('0' + rest % 10);
+    *--at = static_cast<char>('0' + rest % 10);
     rest /= 10;
   } while (rest != 0);
   if (value < 0) Char('-');
-  for (int width = count + (value < 0 ? 1 : 0); width < minWidth; ++width) Char('0');
-  while (count > 0) Char(digits[--count]);
-  return *this;
+  const int length = static_cast<int>(end - at) + (value < 0 ? 1 : 0);
+  for (int width = length; width < minWidth; ++width) Char('0');
+  return Append(at, static_cast<size_t>(end - at));
 }
 
 bool CopyText(char* out, int size, const char* text) {
+  if (size <= 0 || out == nullptr || text == nullptr)
+    return !BoundedText(out, size).Text(text).Cut();
+  const size_t length = strnlen(text, static_cast<size_t>(size));
+  const bool whole = length < static_cast<size_t>(size);
+  const size_t taken = whole ? length : static_cast<size_t>(size) - 1;
   // A caller may hand a record's own path back to the record: what is there already stays.
-  if (out == text) {
-    const bool whole = BoundedLength(text, size) < size;
-    if (!whole && size > 0) out[size - 1] = '\0';
-    return whole;
-  }
-  return !BoundedText(out, size).Text(text).Cut();
+  if (out != text) std::memcpy(out, text, taken);
+  out[taken] = '\0';
+  return whole;
 }
 
 int BoundedLength(const char* text, int limit) {
@@ -80,6 +85,11 @@ bool CopyField(char* out, int size, const char* text, int textSize) {
 
 int ReadNumber(const char* text, int digits) {
   int at = 0;
+  unsigned int plain = 0;
+  for (; at < digits && IsDigit(text[at]); ++at) {
+    plain = plain * 10 + static_cast<unsigned int>(text[at] - '0');
+  }
+  if (at > 0) return static_cast<int>(plain);
   while (at < digits && IsBlank(text[at])) ++at;
   const bool negative = at < digits && text[at] == '-';
   if (at < digits && (text[at] == '-' || text[at] == '+')) ++at;

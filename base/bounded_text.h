@@ -23,6 +23,8 @@ class BoundedText {
   int Length() const { return length_; }
 
  private:
+  BoundedText& Append(const char* text, size_t length);
+
   char* out_;
   int size_;
   int length_ = 0;

@@ -85,18 +85,19 @@ DCFItem* CQDCFDir::AddFile(DCFItem* item, int fileNumber, const char* name, int*
     if (added != nullptr) ++*added;
   }
   if (item == nullptr) return nullptr;
-  Change(item, true, [&] { FillNew(item, fileNumber, name, time); });
+  Change(item, true, [&] { Fill(item, fileNumber, name, std::strlen(name), time); });
   return item;
 }
 
-void CQDCFDir::FillNew(DCFItem* item, int fileNumber, const char* name, unsigned int time) const {
+void CQDCFDir::Fill(DCFItem* item, int fileNumber, const char* name, size_t length,
+                    unsigned int time) const {
   item->companionSrw = '\0';
   item->companionWav = '\0';
   item->companionMpo = '\0';
   item->dpofCopies = 0;
   item->dpofIndex = 0;
   item->dpofSize = 0;
-  StoreFileName(item, name);
+  StoreFileName(item, name, length);
   item->fileNumber = static_cast<int16_t>(fileNumber);
   item->setFileTime(time);
   item->dirNumber = dirNumber_;

@@ -8,6 +8,7 @@
 #ifndef FILELISTMANAGEMENT_DCF_CQDCFDIR_H
 #define FILELISTMANAGEMENT_DCF_CQDCFDIR_H
 
+#include <cstddef>
 #include <cstdint>
 
 #include "base/fixed_sizes.h"
@@ -126,6 +127,14 @@ class CQDCFDir {
   // a list, -1 when nothing matches.
   int GetFidx(int fileNumber, const char* path) const;
 
+  // GetFidx for a caller who knows whether the path contains "CAMERA".
+  int PositionIn(int fileNumber, const char* path, bool free) const;
+  // GetItem and GetFidx of one path of a known length without "CAMERA", in one search.
+  struct Located {
+    DCFItem* item;
+    int position;
+  };
+  Located Locate(int fileNumber, const char* path, int length) const;
   // What the catalogue's walks ask; null, 0 or none without a list.
   DCFItem* GetItemAt(int position) const;
   DCFItem* NextWith(const DCFItem* from, flm::ItemFlags flags) const;
@@ -151,21 +160,23 @@ class CQDCFDir {
 
   // Every write into an item goes through here, so that look-ups know of it.
   template <typename Write>
-  void Change(DCFItem* item, bool renames, Write write) {
+  void Change(DCFItem* item, bool renames, Write change) {
     if (items_ == nullptr) {
-      write();
+      change();
     } else {
-      items_->Change(item, renames, write);
+      items_->Change(item, renames, change);
     }
   }
-  static void StorePrefix(DCFItem* item, const char* name);
-  static void StoreFileName(DCFItem* item, const char* name);
+  static void StorePrefix(DCFItem* item, const char* name, size_t length);
+  static void StoreFileName(DCFItem* item, const char* name, size_t length);
   static void StorePrefixCode(DCFItem* item, int code);
-  void FillNew(DCFItem* item, int fileNumber, const char* name, unsigned int time) const;
+  void Fill(DCFItem* item, int fileNumber, const char* name, size_t length,
+            unsigned int time) const;
 
   void ScanEntries(Scan& scan);
   bool TakeEntry(Scan& scan, int entry);
-  void TakeCompanion(Scan& scan, int entry, const char* name, int fileNumber);
+  void AddScanned(Scan& scan, int fileNumber, const char* name, size_t length);
+  void TakeCompanion(Scan& scan, int entry, const char* name, size_t length, int fileNumber);
   static bool IsThere(Scan& scan, int entry, const char* path, const char* name);
   void JoinDeferred(Scan& scan);
   void JoinCompanion(Scan& scan, const char* name, unsigned int time);

@@ -80,23 +80,21 @@ int CQDCFDir::SetPrefix(DCFItem* item, int code) {
   return 0;
 }
 
-void CQDCFDir::StorePrefix(DCFItem* item, const char* name) {
-  char free[flm::kPrefixSize + 1];
-  flm::CopyText(free, sizeof(free), name);
-  flm::UpperCase(free);
-  StorePrefixCode(item, flm::PrefixCode(free));
-  const size_t length = std::strlen(name);
+void CQDCFDir::StorePrefix(DCFItem* item, const char* name, size_t length) {
   const size_t prefixLength = length < flm::kPrefixSize ? length : flm::kPrefixSize;
   const size_t extLength = length < flm::kExtensionSize ? length : flm::kExtensionSize;
   std::memset(item->prefixChars, 0, sizeof(item->prefixChars));
   std::memset(item->extChars, 0, sizeof(item->extChars));
   std::memcpy(item->prefixChars, name, prefixLength);
   std::memcpy(item->extChars, name + length - extLength, extLength);
+  char free[flm::kPrefixSize + 1] = {};
+  for (int i = 0; i < flm::kPrefixSize; ++i) free[i] = flm::UpperCaseOf(item->prefixChars[i]);
+  StorePrefixCode(item, flm::PrefixCode(free));
 }
 
 int CQDCFDir::SetPrefix(DCFItem* item, const char* name) {
   if (item == nullptr || name == nullptr) return -1;
-  Change(item, false, [&] { StorePrefix(item, name); });
+  Change(item, false, [&] { StorePrefix(item, name, std::strlen(name)); });
   return 0;
 }
 
@@ -106,15 +104,17 @@ int CQDCFDir::GetPrefix(DCFItem* item) {
 
 int CQDCFDir::GetPrefixCode(DCFItem* item) { return GetPrefix(item); }
 
-void CQDCFDir::StoreFileName(DCFItem* item, const char* name) {
-  flm::CopyText(item->fileName, flm::kFileNameSize, name);
-  StorePrefix(item, name);
+void CQDCFDir::StoreFileName(DCFItem* item, const char* name, size_t length) {
+  const size_t stored = length < flm::kFileNameSize ? length : flm::kFileNameSize - 1;
+  StorePrefix(item, name, length);
+  std::memcpy(item->fileName, name, stored);
+  item->fileName[stored] = '\0';
   item->itemBits |= kTopBit >> flm::kItemBitEnabled;
 }
 
 int CQDCFDir::SetFileName(DCFItem* item, const char* name) {
   if (item == nullptr || name == nullptr) return -1;
-  Change(item, true, [&] { StoreFileName(item, name); });
+  Change(item, true, [&] { StoreFileName(item, name, std::strlen(name)); });
   return 0;
 }
 

@@ -1,6 +1,7 @@
 // Walking the items of a directory and looking one up.
 #include <cstring>
 
+#include "base/fixed_sizes.h"
 #include "dcf/CQDCFDir.h"
 #include "dcf/dcf_name.h"
 #include "dcf/item_layout.h"
@@ -10,6 +11,10 @@ namespace {
 constexpr int kNumbersPerFolder = 100;
 
 bool Any(const DCFItem* /*item*/) { return true; }
+
+bool HasPrefix(const DCFItem* item, const char* prefix) {
+  return std::memcmp(item->prefixChars, prefix, flm::kPrefixSize) == 0;
+}
 
 }  // namespace
 
@@ -33,19 +38,17 @@ DCFItem* CQDCFDir::GetItem(int fileNumber, const char* path) const {
   if (path == nullptr || items_ == nullptr) return nullptr;
   if (dirNumber_ == flm::kCameraNumber) return items_->FirstOfName(flm::FileNameInPath(path));
   const char* const prefix = flm::PrefixInPath(path);
-  const char* const extension = flm::ExtensionInPath(path);
-  if (prefix == nullptr || extension == nullptr) return nullptr;
+  if (prefix == nullptr) return nullptr;
+  const char* const extension = prefix + flm::kDcfNameLength - flm::kExtensionSize;
   return items_->FirstOfNumber(fileNumber, [&](const DCFItem* item) {
-    return item->extChars[0] == extension[0] &&
-           std::memcmp(item->prefixChars, prefix, flm::kPrefixSize) == 0;
+    return item->extChars[0] == extension[0] && HasPrefix(item, prefix);
   });
 }
 
 DCFItem* CQDCFDir::FindItem(int fileNumber, const char* prefix) const {
   if (items_ == nullptr) return nullptr;
-  return items_->FirstOfNumber(fileNumber, [&](const DCFItem* item) {
-    return std::memcmp(item->prefixChars, prefix, flm::kPrefixSize) == 0;
-  });
+  return items_->FirstOfNumber(fileNumber,
+                               [&](const DCFItem* item) { return HasPrefix(item, prefix); });
 }
 
 DCFItem* CQDCFDir::FindForInfo(int fileNumber, const char* path) const {
@@ -95,16 +98,37 @@ int CQDCFDir::GetFnum(int fileNumber) {
 }
 
 int CQDCFDir::GetFidx(int fileNumber, const char* path) const {
+  return PositionIn(fileNumber, path, path != nullptr && flm::HasCameraWord(path));
+}
+
+CQDCFDir::Located CQDCFDir::Locate(int fileNumber, const char* path, int length) const {
+  if (dirNumber_ == flm::kCameraNumber || length < flm::kDcfNameLength) {
+    return {GetItem(fileNumber, path), PositionIn(fileNumber, path, false)};
+  }
+  const char* const prefix = path + length - flm::kDcfNameLength;
+  const char extension = path[length - flm::kExtensionSize];
+  int position = -1;
+  DCFItem* const first = items_->FirstOfNumber(
+      fileNumber, [extension](const DCFItem* item) { return item->extChars[0] == extension; },
+      &position);
+  // Mostly the first of its number and extension has the free characters too.
+  const bool both = first != nullptr && HasPrefix(first, prefix);
+  return {both ? first : GetItem(fileNumber, path), position};
+}
+
+int CQDCFDir::PositionIn(int fileNumber, const char* path, bool free) const {
   if (items_ == nullptr) return 0;
   if (items_->GetCount() < 1 || path == nullptr) return -1;
-  if (flm::HasCameraWord(path)) {
+  if (free) {
     // A number instead of a position: callers know which of the two they asked for.
     const DCFItem* const named = items_->FirstNameWithin(path, 0);
     return named == nullptr ? -1 : named->fileNumber;
   }
   const char* const extension = flm::ExtensionInPath(path);
   if (extension == nullptr) return -1;
-  const DCFItem* const found = items_->FirstOfNumber(
-      fileNumber, [&](const DCFItem* item) { return item->extChars[0] == extension[0]; });
-  return found == nullptr ? -1 : items_->PositionOf(found);
+  int position = -1;
+  items_->FirstOfNumber(
+      fileNumber, [&](const DCFItem* item) { return item->extChars[0] == extension[0]; },
+      &position);
+  return position;
 }

@@ -24,6 +24,10 @@ constexpr int kNearby = 64;   // so many names of one number are looked through
 constexpr int kNoReader = -1;
 constexpr int kNoBuffer = -100;
 
+int CheckName(const char* name, size_t length) {
+  return length == flm::kDcfNameLength ? flm::CheckDcfCharacters(name) : -1;
+}
+
 // Whether the picture of a companion is listed near it: in DCF order the names of one number stand
 // together, the picture in front of its companions.
 bool IsListed(const flm::FolderListing& listing, int entry, const char* name) {
@@ -97,29 +101,40 @@ void CQDCFDir::ScanEntries(Scan& scan) {
 // Whether the name belongs to the catalogue. Times are left for later: reading them here would cost
 // one status call a file.
 bool CQDCFDir::TakeEntry(Scan& scan, int entry) {
-  char name[flm::kEntryNameSize];
-  flm::CopyText(name, sizeof(name), scan.listing->Name(entry));
-  if (name[0] == '.') return false;
-  const int kind = scan.camera ? CheckFileNameSyntaxNonDCF(name) : CheckFileNameSyntax(name);
+  const char* const listed = scan.listing->Name(entry);
+  const size_t length = static_cast<size_t>(scan.listing->Length(entry));
+  char name[flm::kFileNameSize];
+  // A longer name belongs to no folder.
+  if (listed[0] == '.' || length >= sizeof(name)) return false;
+  std::memcpy(name, listed, length + 1);
+  if (length == flm::kDcfNameLength) flm::UpperCase(name);
+  const int kind = scan.camera ? flm::CheckFreeName(name) : CheckName(name, length);
   if (kind < 0) return false;
-  const int fileNumber = scan.camera ? scan.running : GetFnumFromFileName(name);
+  const int fileNumber = scan.camera ? scan.running : flm::FileNumberInName(name);
   if (flm::IsCompanionKind(kind)) {
-    TakeCompanion(scan, entry, name, fileNumber);
+    TakeCompanion(scan, entry, name, length, fileNumber);
   } else {
-    AddFile(nullptr, fileNumber, name, &scan.added, 0);
+    AddScanned(scan, fileNumber, name, length);
   }
   return true;
 }
 
+void CQDCFDir::AddScanned(Scan& scan, int fileNumber, const char* name, size_t length) {
+  DCFItem* const item = AddItem();
+  ++scan.added;  // an attempt counts, also when the pool is exhausted
+  if (item != nullptr) Fill(item, fileNumber, name, length, 0);
+}
+
 // A companion waits only for a picture that is there; without one it is a file of its own.
-void CQDCFDir::TakeCompanion(Scan& scan, int entry, const char* name, int fileNumber) {
+void CQDCFDir::TakeCompanion(Scan& scan, int entry, const char* name, size_t length,
+                             int fileNumber) {
   char picture[flm::kFolderPathSize];
   flm::BoundedText path(picture, sizeof(picture));
   path.Text(scan.folder).Char('/');
   const char* const pictureName = picture + path.Length();
   path.Text(name, kStemSize).Char('.').Text(flm::kStillExtension);
   if (!IsThere(scan, entry, picture, pictureName)) {
-    AddFile(nullptr, fileNumber, name, &scan.added, 0);
+    AddScanned(scan, fileNumber, name, length);
   } else if (scan.deferred < kMaxDeferred) {
     ObjTmpListAdd(scan.names.get(), &scan.deferred, name, scan.times.get(), 0);
   } else {

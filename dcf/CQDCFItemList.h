@@ -50,17 +50,25 @@ class CQDCFItemList {
   DCFItem* Last() const { return GetItemAt(count_ - 1); }
 
   // --- Looking up -------------------------------------------------------------------------------
-  // The first node in list order of a number for which `matches` holds, or null.
+  // The first node in list order of a number for which `matches` holds, or null; its position, when
+  // asked for, stays as it is without one.
   template <typename Matches>
-  DCFItem* FirstOfNumber(int number, Matches matches) const {
+  DCFItem* FirstOfNumber(int number, Matches matches, int* position = nullptr) const {
     if (const flm::ItemIndex* const index = Index()) {
       for (int at = index->FirstOfNumber(number); at >= 0; at = index->NextOfNumber(at)) {
-        if (matches(index->At(at))) return index->At(at);
+        if (!matches(index->At(at))) continue;
+        if (position != nullptr) *position = index->PositionOf(at);
+        return index->At(at);
       }
       return nullptr;
     }
-    return FirstWalked(
-        [&](const DCFItem* item) { return item->fileNumber == number && matches(item); });
+    int walked = 0;
+    for (DCFItem* item = head_; item != nullptr; item = item->next, ++walked) {
+      if (item->fileNumber != number || !matches(item)) continue;
+      if (position != nullptr) *position = walked;
+      return item;
+    }
+    return nullptr;
   }
   // The first node with the name, of at most 40 characters.
   DCFItem* FirstOfName(const char* name) const;
@@ -82,10 +90,10 @@ class CQDCFItemList {
   // Writes into a node: every change of a number, mark or name goes through here. The node may be
   // any record, also one of another list.
   template <typename Write>
-  void Change(DCFItem* item, bool renames, Write write) {
+  void Change(DCFItem* item, bool renames, Write change) {
     const int number = item->fileNumber;
     const flm::ItemFlags flags = index_.IsEmpty() ? flm::ItemFlags{0} : flm::FlagsOf(item);
-    write();
+    change();
     index_.Changed(item, number, flags, renames);
   }
 

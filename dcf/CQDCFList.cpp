@@ -21,6 +21,7 @@ CQDCFList::CQDCFList()
       dirTable_(nullptr),
       lastIndex_(0),
       baseURI_(),
+      rootLength_(0),
       mode_(kUnsetMode),
       itemCount_(0),
       curDnum_(-1),
@@ -32,7 +33,8 @@ CQDCFList::CQDCFList()
       bitFnum_(-1),
       bitDirIndex_(0),
       bitItem_(nullptr),
-      reading_() {
+      reading_(),
+      folderText_() {
   current_ = this;
   TableChanged();
 }
@@ -50,6 +52,7 @@ void CQDCFList::Create() {
   InitCursor();
   itemCount_ = 0;
   baseURI_[0] = '\0';
+  rootLength_ = 0;
   seriesMode_ = false;
   TableChanged();
 }
@@ -76,6 +79,7 @@ int CQDCFList::CreateMemManager() {
 int CQDCFList::SetBaseURI(const char* uri) {
   if (uri == nullptr || std::strlen(uri) >= flm::kRootSize) return -1;
   flm::CopyText(baseURI_, flm::kRootSize, uri);
+  rootLength_ = static_cast<int32_t>(std::strlen(baseURI_));
   TableChanged();
   return 0;
 }
@@ -131,6 +135,7 @@ int CQDCFList::UsedSlots() const {
 void CQDCFList::TableChanged() {
   folders_.Forget();
   reading_.length = -1;
+  folderText_.slot = -1;
 }
 
 // Only with a table.

@@ -20,13 +20,15 @@
 #include "dcf/CQDCFDir.h"
 #include "dcf/CQDCFMemManager.h"
 #include "dcf/DCFItem.h"
+#include "dcf/file_marks.h"
 #include "dcf/folder_index.h"
 
 class CQFileListItem;
 class PCQDCFFSIO;
 namespace flm {
+class BoundedText;
 class FileStatus;
-}
+}  // namespace flm
 
 // Shared rules
 //   Slot       a place in the table of 999 directories; free while its number is negative. After a
@@ -132,15 +134,10 @@ class CQDCFList {
   // The byte; 255 when the directory is not held, 0 when only the file is not.
   int GetCustomInfo(const char* path, int byte);
   int SetCustomInfoAll(int byte, unsigned char value);  // bytes 2, 14, 15 only of JPG files
-  // What GetCustomBit and GetCustomInfo answer for the marks that a file's information consists of.
-  struct Marks {
-    bool selected;
-    bool wifi;
-    int copies;
-    int size;
-    int index;
-  };
-  Marks GetMarks(const char* path);
+  // What GetCustomBit and GetCustomInfo answer.
+  flm::FileMarks GetMarks(const char* path);
+  // GetListIndex, GetMarks (with `marks`) and SetCurFile of one path in this order. The position.
+  int Visit(const char* path, flm::FileMarks* marks);
   // The walk of GetFirst and GetNext over fileCount files, giving only those whose GetCustomInfo is
   // not 0. Files in between are passed over without being looked at one by one; the cursor and the
   // directories read are those of the whole walk.
@@ -148,8 +145,10 @@ class CQDCFList {
     int byte;
     int left;  // files still to come
     bool started;
+    int judgedSlot;  // the slot of which `plain` speaks
+    bool plain;      // each of its files answers with its own byte
   };
-  static InfoWalk WalkInfo(int byte, int fileCount) { return {byte, fileCount, false}; }
+  static InfoWalk WalkInfo(int byte, int fileCount) { return {byte, fileCount, false, -1, false}; }
   // The next such file: its byte, and its path in out. 0 at the end.
   int GetNextWithInfo(InfoWalk& walk, char* out, int outSize);
   // Takes the rest of the walk without looking at any file.
@@ -295,6 +294,7 @@ class CQDCFList {
   int TakeNext(PathOut out, PathOut objOut, unsigned int* fileTime, flm::FileStatus* status);
   void BuildPath(PathOut out, int dirNumber, int fileNumber, int dirIndex,
                  const DCFItem* item) const;
+  void AppendFolder(flm::BoundedText& path, int slot) const;
   void BuildNamedPath(PathOut out, int dirNumber, int fileNumber, int dirIndex,
                       const DCFItem* item) const;
   void BuildObjectPath(PathOut out, int fileNumber, int dirIndex, const DCFItem* item) const;
@@ -303,27 +303,36 @@ class CQDCFList {
   // Looking files up. What a path says is kept until another path is read: an application asks
   // about one file several times in a row.
   struct PathNumbers {
+    int length;  // of the path
     int dirNumber;
     short fileNumber;
+    bool free;  // the path has the word of the folders with free names in it
     int slot;
   };
   struct PathReading {
     char text[flm::kPathSize];
-    int length;  // of the text; -1 for none
+    int length;        // of the text; -1 for none
+    int folderLength;  // up to its last '/'
     PathNumbers numbers;
   };
   PathNumbers ReadPath(const char* path);
+  PathNumbers ReadNewPath(const char* path, int length, int folderLength) const;
+  int PositionIn(const PathNumbers& numbers, const char* path) const;
+  int MoveCursorTo(const PathNumbers& numbers, const Place& place);
+  flm::FileMarks MarksOf(Place place);
+  bool CursorAnswers(const PathNumbers& numbers) const;
+  Place Answering(const PathNumbers& numbers, const char* path) const;
   int SlotNamedIn(const char* path) const;
-  Place LookUp(const char* path);
+  Place LookUp(const char* path) { return LookUp(ReadPath(path), path); }
+  Place LookUp(const PathNumbers& numbers, const char* path) const;
   Place LookUpExactly(const char* path);
   Place FindForInfo(const char* path, int dirNumber, int fileNumber) const;
-  bool CursorAnswers(const char* path);
-  Place Answering(const char* path);
   Place NextMarked(Place from, int bit) const;
   Place PrevMarked(Place from, int bit) const;
   bool IsPlainSlot(int slot) const;
   void SkipInSlot(InfoWalk& walk, flm::ItemFlags flags);
   bool StepInfoWalk(InfoWalk& walk, PathOut out);
+  bool IsPlainFile(InfoWalk& walk) const;
   int FoundBit(Place place, char* out, int outSize);
 
   // Scan and numbering.
@@ -345,6 +354,7 @@ class CQDCFList {
   CQDCFMemManager memManager_;  // all items
   int32_t lastIndex_;           // file index of the newest file
   char baseURI_[flm::kRootSize];
+  int32_t rootLength_;
   int32_t mode_;
   int32_t itemCount_;  // items held, as the operations count them
   int32_t curDnum_;    // navigation cursor
@@ -358,6 +368,13 @@ class CQDCFList {
   DCFItem* bitItem_;
   mutable flm::FolderIndex folders_;
   PathReading reading_;  // of the path read last
+  // The start of the paths in the slot that was written last.
+  struct FolderText {
+    int slot;  // -1 for none
+    int length;
+    char text[flm::kPathSize];
+  };
+  mutable FolderText folderText_;
 };
 
 #endif

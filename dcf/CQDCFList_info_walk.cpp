@@ -45,6 +45,7 @@ bool CQDCFList::IsPlainSlot(int slot) const {
 // directory's last file.
 void CQDCFList::SkipInSlot(InfoWalk& walk, flm::ItemFlags flags) {
   if (curItem_ == nullptr || !HasList(curDirIndex_)) return;
+  if (curItem_->next == nullptr || (flm::FlagsOf(curItem_->next) & flags) != 0) return;
   CQDCFDir& dir = dirTable_[curDirIndex_];
   const DCFItem* const next = dir.NextWith(curItem_, flags);
   const int here = dir.PositionOf(curItem_);
@@ -68,14 +69,26 @@ bool CQDCFList::StepInfoWalk(InfoWalk& walk, PathOut out) {
   return step >= 0;
 }
 
+// Whether the walk stands in a directory, and on a file of it, whose numbers are sure to be those
+// in its path. On the first file of all the cursor may carry another directory number.
+bool CQDCFList::IsPlainFile(InfoWalk& walk) const {
+  if (walk.judgedSlot != curDirIndex_) {
+    walk.judgedSlot = curDirIndex_;
+    walk.plain = IsPlainSlot(curDirIndex_);
+  }
+  return walk.plain && curItem_ != nullptr && curDnum_ == dirTable_[curDirIndex_].GetDnum() &&
+         (flm::FlagsOf(curItem_) & flm::kFlagOdd) == 0;
+}
+
 int CQDCFList::GetNextWithInfo(InfoWalk& walk, char* out, int outSize) {
   const flm::ItemFlags flag = FlagOfInfo(walk.byte);
   for (;;) {
-    if (walk.started && flag != 0 && IsPlainSlot(curDirIndex_)) {
+    if (walk.started && flag != 0 && walk.plain) {
       SkipInSlot(walk, static_cast<flm::ItemFlags>(flag | flm::kFlagOdd));
     }
     if (!StepInfoWalk(walk, {out, outSize})) return 0;
-    const int value = GetCustomInfo(out, walk.byte);
+    const int value = IsPlainFile(walk) ? dirTable_[curDirIndex_].GetItemInfo(curItem_, walk.byte)
+                                        : GetCustomInfo(out, walk.byte);
     if (value != 0) return value;
   }
 }

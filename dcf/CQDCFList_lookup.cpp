@@ -41,8 +41,7 @@ void CQDCFList::GetNum(const char* path, int* dirNumber, short* fileNumber) {
   if (path == nullptr || dirNumber == nullptr || fileNumber == nullptr) return;
   int file = -1;
   *dirNumber = -1;
-  flm::NumbersInPath(path, static_cast<int>(std::strlen(baseURI_)), flm::IsStillMode(mode_),
-                     dirNumber, &file);
+  flm::NumbersInPath(path, rootLength_, flm::IsStillMode(mode_), dirNumber, &file);
   *fileNumber = static_cast<short>(file);
 }
 
@@ -104,25 +103,47 @@ int CQDCFList::GetKeyToURI(int key, char* out, int outSize) {
 
 CQDCFList::PathNumbers CQDCFList::ReadPath(const char* path) {
   const int length = flm::BoundedLength(path, flm::kPathSize);
-  if (path != nullptr && length == reading_.length &&
+  if (path == nullptr) return {0, -1, -1, false, -1};
+  if (length >= flm::kPathSize) {
+    return ReadNewPath(path, static_cast<int>(std::strlen(path)), -1);
+  }
+  if (length == reading_.length &&
       std::memcmp(path, reading_.text, static_cast<size_t>(length)) == 0) {
     return reading_.numbers;
   }
-  PathNumbers numbers = {-1, -1, -1};
-  GetNum(path, &numbers.dirNumber, &numbers.fileNumber);
-  numbers.slot = SlotNamedIn(path);
-  if (path != nullptr && length < flm::kPathSize) {
-    std::memcpy(reading_.text, path, static_cast<size_t>(length));
-    reading_.length = length;
-    reading_.numbers = numbers;
-  }
+  const void* const slash = memrchr(path, '/', static_cast<size_t>(length));
+  const int folderLength =
+      slash == nullptr ? -1 : static_cast<int>(static_cast<const char*>(slash) - path);
+  reading_.numbers = ReadNewPath(path, length, folderLength);
+  std::memcpy(reading_.text, path, static_cast<size_t>(length));
+  reading_.length = length;
+  reading_.folderLength = folderLength;
+  return reading_.numbers;
+}
+
+// In the folder of the path that was read before, the slot is known. Not so below a folder of a
+// short name, which is looked up with the start of the file's name behind it.
+CQDCFList::PathNumbers CQDCFList::ReadNewPath(const char* path, int length,
+                                              int folderLength) const {
+  PathNumbers numbers = {length, -1, -1, false, -1};
+  const bool beside =
+      length >= kShortestPath && reading_.length >= kShortestPath &&
+      folderLength >= flm::kWeakDirName && folderLength == reading_.folderLength &&
+      std::memchr(path + folderLength - flm::kWeakDirName, '/', flm::kWeakDirName) == nullptr &&
+      std::memcmp(path, reading_.text, static_cast<size_t>(folderLength)) == 0;
+  const bool knownFolder = beside && !reading_.numbers.free;
+  numbers.free = flm::HasCameraWord(knownFolder ? path + folderLength : path);
+  numbers.slot = beside ? reading_.numbers.slot : SlotNamedIn(path);
+  int file = -1;
+  flm::NumbersInPath(path, numbers.free, rootLength_, flm::IsStillMode(mode_), &numbers.dirNumber,
+                     &file);
+  numbers.fileNumber = static_cast<short>(file);
   return numbers;
 }
 
-CQDCFList::Place CQDCFList::LookUp(const char* path) {
-  const PathNumbers reading = ReadPath(path);
-  if (reading.slot < 0) return {-1, nullptr};
-  return {reading.slot, dirTable_[reading.slot].GetItem(reading.fileNumber, path)};
+CQDCFList::Place CQDCFList::LookUp(const PathNumbers& numbers, const char* path) const {
+  if (numbers.slot < 0) return {-1, nullptr};
+  return {numbers.slot, dirTable_[numbers.slot].GetItem(numbers.fileNumber, path)};
 }
 
 // Stricter than LookUp: the whole extension counts, since taking away a multi-picture companion
@@ -145,21 +166,43 @@ CQDCFList::Place CQDCFList::LookUpExactly(const char* path) {
 
 int CQDCFList::SetCurFile(const char* path) {
   if (path == nullptr) return InitCursor();
-  const PathNumbers reading = ReadPath(path);
-  if (reading.dirNumber < 0) return kNoDirNumber;
-  if (reading.fileNumber < 0) return kNoFileNumber;
-  const Place place = LookUp(path);
+  const PathNumbers numbers = ReadPath(path);
+  return MoveCursorTo(numbers, LookUp(numbers, path));
+}
+
+// The end of SetCurFile: the file of the path was looked up.
+int CQDCFList::MoveCursorTo(const PathNumbers& numbers, const Place& place) {
+  if (numbers.dirNumber < 0) return kNoDirNumber;
+  if (numbers.fileNumber < 0) return kNoFileNumber;
   if (place.slot < 0) return kDirNotFound;
   if (place.item == nullptr) return kFileNotFound;
   MoveCursor(place, dirTable_[place.slot].GetDnum());
   return 0;
 }
 
-int CQDCFList::GetListIndex(const char* path) {
-  const PathNumbers reading = ReadPath(path);
-  if (reading.slot < 0 || dirTable_[reading.slot].IsEmpty() != 0) return -1;
-  const int inDirectory = dirTable_[reading.slot].GetFidx(reading.fileNumber, path);
-  return inDirectory < 0 ? -1 : Folders().Before(reading.slot) + inDirectory;
+int CQDCFList::GetListIndex(const char* path) { return PositionIn(ReadPath(path), path); }
+
+int CQDCFList::PositionIn(const PathNumbers& numbers, const char* path) const {
+  if (numbers.slot < 0 || dirTable_[numbers.slot].IsEmpty() != 0) return -1;
+  const int inDirectory =
+      dirTable_[numbers.slot].PositionIn(numbers.fileNumber, path, numbers.free);
+  return inDirectory < 0 ? -1 : Folders().Before(numbers.slot) + inDirectory;
+}
+
+int CQDCFList::Visit(const char* path, flm::FileMarks* marks) {
+  const PathNumbers numbers = ReadPath(path);
+  if (numbers.slot < 0 || numbers.free || !HasList(numbers.slot)) {
+    const int position = PositionIn(numbers, path);
+    if (marks != nullptr) *marks = MarksOf(Answering(numbers, path));
+    MoveCursorTo(numbers, LookUp(numbers, path));
+    return position;
+  }
+  const CQDCFDir::Located found =
+      dirTable_[numbers.slot].Locate(numbers.fileNumber, path, numbers.length);
+  const Place place = {numbers.slot, found.item};
+  if (marks != nullptr) *marks = MarksOf(CursorAnswers(numbers) ? CursorPlace() : place);
+  MoveCursorTo(numbers, place);
+  return found.position < 0 ? -1 : Folders().Before(numbers.slot) + found.position;
 }
 
 DCFItem* CQDCFList::FindItem(const char* path) {

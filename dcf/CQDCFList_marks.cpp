@@ -110,18 +110,15 @@ int CQDCFList::GetBitLast(char* out, int outSize, int bit) {
   return FoundBit(PrevMarked(BehindLast(), bit), out, outSize);
 }
 
-// Whether the cursor's own numbers stand in the path; the mark reads then answer for its item
-// without looking further.
-bool CQDCFList::CursorAnswers(const char* path) {
-  if (curDnum_ < 0 || curItem_ == nullptr) return false;
-  const PathNumbers reading = ReadPath(path);
-  return reading.dirNumber == curDnum_ && reading.fileNumber == curFnum_;
+bool CQDCFList::CursorAnswers(const PathNumbers& numbers) const {
+  return curDnum_ >= 0 && curItem_ != nullptr && numbers.dirNumber == curDnum_ &&
+         numbers.fileNumber == curFnum_;
 }
 
-// The file whose marks are read for a path. Slot -1: its directory is not held; with a table only.
-CQDCFList::Place CQDCFList::Answering(const char* path) {
-  if (CursorAnswers(path)) return {0, curItem_};
-  return LookUp(path);
+// The file whose marks are read for a path. Where the cursor's own numbers stand in the path it is
+// the cursor's, without looking further. Slot -1: its directory is not held.
+CQDCFList::Place CQDCFList::Answering(const PathNumbers& numbers, const char* path) const {
+  return CursorAnswers(numbers) ? Place{0, curItem_} : LookUp(numbers, path);
 }
 
 int CQDCFList::SetCustomBit(const char* path, int bit, bool on) {
@@ -133,7 +130,7 @@ int CQDCFList::SetCustomBit(const char* path, int bit, bool on) {
 
 bool CQDCFList::GetCustomBit(const char* path, int bit) {
   if (dirTable_ == nullptr) return false;
-  return dirTable_[0].GetItemBit(Answering(path).item, bit);
+  return dirTable_[0].GetItemBit(Answering(ReadPath(path), path).item, bit);
 }
 
 int CQDCFList::SetCustomBitAll(int bit, bool on) {
@@ -162,13 +159,16 @@ int CQDCFList::SetCustomInfo(const char* path, int byte, unsigned char value) {
 
 int CQDCFList::GetCustomInfo(const char* path, int byte) {
   if (dirTable_ == nullptr) return kDirNotHeld;
-  return InfoOf(dirTable_[0], Answering(path), byte);
+  return InfoOf(dirTable_[0], Answering(ReadPath(path), path), byte);
 }
 
-CQDCFList::Marks CQDCFList::GetMarks(const char* path) {
+flm::FileMarks CQDCFList::GetMarks(const char* path) {
   if (dirTable_ == nullptr) return {false, false, kDirNotHeld, kDirNotHeld, kDirNotHeld};
+  return MarksOf(Answering(ReadPath(path), path));
+}
+
+flm::FileMarks CQDCFList::MarksOf(Place place) {
   CQDCFDir& dir = dirTable_[0];
-  const Place place = Answering(path);
   return {dir.GetItemBit(place.item, flm::kMarkBitSelected),
           dir.GetItemBit(place.item, flm::kMarkBitWifi),
           InfoOf(dir, place, flm::kMarkInfoDpofCopies), InfoOf(dir, place, flm::kMarkInfoDpofSize),

@@ -58,12 +58,28 @@ void CQDCFList::BuildPath(PathOut out, int dirNumber, int fileNumber, int dirInd
              flm::WholeText(still ? flm::kStillExtension : flm::kMovieExtension));
 }
 
+// The start of the paths of a slot's files, which is kept: walks write many of one folder.
+void CQDCFList::AppendFolder(flm::BoundedText& path, int slot) const {
+  if (slot != folderText_.slot) {
+    flm::BoundedText folder(folderText_.text, flm::kPathSize);
+    flm::AppendNamedFolder(folder, baseURI_, flm::kStillTree, dirTable_[slot].GetDirName());
+    // A folder that fills it alone is written each time anew.
+    folderText_.slot = folder.Cut() ? -1 : slot;
+    folderText_.length = folder.Length();
+    if (folder.Cut()) {
+      flm::AppendNamedFolder(path, baseURI_, flm::kStillTree, dirTable_[slot].GetDirName());
+      return;
+    }
+  }
+  path.Text(folderText_.text, static_cast<size_t>(folderText_.length));
+}
+
 void CQDCFList::BuildNamedPath(PathOut out, int dirNumber, int fileNumber, int dirIndex,
                                const DCFItem* item) const {
   const int slot = dirIndex == kSlotUnknown ? SlotHolding(dirNumber, fileNumber) : dirIndex;
   flm::BoundedText path(out.text, out.size);
   if (IsSlot(slot)) {
-    flm::AppendNamedFolder(path, baseURI_, flm::kStillTree, dirTable_[slot].GetDirName());
+    AppendFolder(path, slot);
   } else {
     flm::AppendNumberedFolder(path, baseURI_, flm::kStillTree, dirNumber, flm::kStillSuffix);
   }

@@ -71,11 +71,19 @@ int CQDCFMemManager::FindEmptyBlock() {
   return index < unitCount_ ? index : -1;
 }
 
+// Halves the part that is known to have a clear bit until one bit is left.
 int CQDCFMemManager::GetEmptyIndexInBlock(unsigned long word) {
-  for (int position = 0; position < kBitsPerWord; ++position) {
-    if ((word & (kTopBit >> position)) == 0) return position;
+  uint32_t clear = ~static_cast<uint32_t>(word);
+  if (clear == 0) return -1;
+  int position = 0;
+  for (int half = kBitsPerWord / 2; half > 0; half /= 2) {
+    if (clear >> half != 0) {
+      clear >>= half;
+    } else {
+      position += half;
+    }
   }
-  return -1;
+  return position;
 }
 
 int CQDCFMemManager::SetBlockMark(int index, bool used) {

@@ -24,7 +24,7 @@ constexpr int kFileDigitsAt = 19;
 constexpr const char* kPrefixes[] = {"CAM_", "HDV_", "HDE_", "HDA_", "SDV_", "SDE_", "SDA_"};
 
 struct ExtensionKind {
-  const char* extension;
+  char extension[kExtensionSize + 1];
   int kind;
 };
 
@@ -51,9 +51,10 @@ int CheckFreeCharacters(const char* name) {
   return kBadFirstDigit;
 }
 
+// The extension ends behind its third character.
 int KindOfExtension(const char* extension, int otherwise) {
   for (const ExtensionKind& known : kDcfExtensions) {
-    if (std::strcmp(extension, known.extension) == 0) return known.kind;
+    if (std::memcmp(extension, known.extension, sizeof(known.extension)) == 0) return known.kind;
   }
   return otherwise;
 }
@@ -70,7 +71,10 @@ bool IsCompanionKind(int kind) { return kind == kKindWav || kind == kKindSrw || 
 int CheckDcfName(const char* name) {
   const int length = BoundedLength(name, kEntryNameSize);
   if (length < kDcfNameLength) return kTooShort;
-  if (length > kDcfNameLength) return kTooLong;
+  return length > kDcfNameLength ? kTooLong : CheckDcfCharacters(name);
+}
+
+int CheckDcfCharacters(const char* name) {
   const int prefixResult = CheckFreeCharacters(name);
   if (prefixResult < 0) return prefixResult;
   for (int i = 1; i < kNumberDigits; ++i) {
@@ -97,7 +101,7 @@ int CheckDirName(const char* name) {
 
 int DcfExtensionKind(const char* name) {
   if (BoundedLength(name, kExtensionAt) < kExtensionAt) return kBadExtension;
-  char extension[kExtensionSize + 1];
+  char extension[kExtensionSize + 1] = {};
   CopyText(extension, sizeof(extension), name + kExtensionAt);
   return KindOfExtension(extension, kBadExtension);
 }
@@ -124,7 +128,7 @@ const char* SuffixOfDirName(const char* dirName) {
 int PrefixCode(const char* name) {
   int code = 0;
   for (const char* prefix : kPrefixes) {
-    if (std::strncmp(name, prefix, kPrefixSize) == 0) return code;
+    if (name[0] == prefix[0] && std::strncmp(name, prefix, kPrefixSize) == 0) return code;
     ++code;
   }
   return -1;
@@ -141,7 +145,12 @@ int PrefixCodeInPath(const char* path) {
 
 void NumbersInPath(const char* path, int rootLength, bool stillTree, int* dirNumber,
                    int* fileNumber) {
-  if (HasCameraWord(path)) {
+  NumbersInPath(path, HasCameraWord(path), rootLength, stillTree, dirNumber, fileNumber);
+}
+
+void NumbersInPath(const char* path, bool camera, int rootLength, bool stillTree, int* dirNumber,
+                   int* fileNumber) {
+  if (camera) {
     *dirNumber = kCameraNumber;
     *fileNumber = 0;
     return;
@@ -153,10 +162,10 @@ void NumbersInPath(const char* path, int rootLength, bool stillTree, int* dirNum
 }
 
 const char* DirNameInPath(const char* path) {
-  int slashes = 0;
-  for (const char* at = path + std::strlen(path); at != path;) {
-    --at;
-    if (*at == '/' && ++slashes == 2) return at + 1;
+  const char* const last = std::strrchr(path, '/');
+  if (last == nullptr) return nullptr;
+  for (const char* at = last; at != path;) {
+    if (*--at == '/') return at + 1;
   }
   return nullptr;
 }

@@ -42,6 +42,9 @@ bool IsCompanionKind(int kind);
 // to -107 the fifth to eighth character is no digit, -100 unknown extension.
 int CheckDcfName(const char* name);
 
+// The same for a name that is known to have 12 characters.
+int CheckDcfCharacters(const char* name);
+
 // The check for files of the "CAMERA" folder: 12 to 40 characters, any extension. A kind or -3.
 int CheckFreeName(const char* name);
 
@@ -78,6 +81,10 @@ int PrefixCodeInPath(const char* path);
 // (stillTree) or "VIDEO". A path with "CAMERA" in it gives 99 and 0. A number for which the path is
 // too short is left alone.
 void NumbersInPath(const char* path, int rootLength, bool stillTree, int* dirNumber,
+                   int* fileNumber);
+
+// The same for a path of which it is known whether "CAMERA" is in it.
+void NumbersInPath(const char* path, bool camera, int rootLength, bool stillTree, int* dirNumber,
                    int* fileNumber);
 
 // What stands between the second '/' from the end and the end; null when there are not two.

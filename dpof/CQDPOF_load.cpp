@@ -18,8 +18,8 @@
 namespace {
 
 constexpr int kLineSize = 2048;
-constexpr int kKeyLength = 7;
-constexpr int kMaxValueLength = 127;
+constexpr size_t kKeyLength = 7;
+constexpr size_t kMaxValueLength = 127;
 constexpr size_t kUpwards = 3;  // the "../" in front of every source
 
 bool BeginsWith(const char* text, const char* start) {
@@ -44,26 +44,26 @@ struct CQDPOF::Load {
   size_t rootLength = 0;
   int jobType = flm::kJobNone;
   unsigned int quantity = 0;
-  char key[kKeyLength + 1] = {};
   char value[kMaxValueLength + 1] = {};
   char source[kLineSize] = {};
   char line[kLineSize] = {};
 
-  bool TakeValue();
-  void TakeKey() { flm::BoundedText(key, sizeof(key)).Text(line, kKeyLength); }
-  bool KeyIs(const char* text) const { return std::strcmp(key, text) == 0; }
+  bool TakeValue(size_t length);
+  // Whether the line begins with the key; the line is longer than any.
+  bool KeyIs(const char* key) const { return std::memcmp(line, key, kKeyLength) == 0; }
 };
 
 // The text behind "=", less its line end. False when it is too long to be a value.
-bool CQDPOF::Load::TakeValue() {
-  const char* const equals = std::strchr(line, '=');
+bool CQDPOF::Load::TakeValue(size_t length) {
+  const void* const equals = std::memchr(line, '=', length);
   if (equals == nullptr) return true;
-  const char* const text = equals + 1;
-  size_t length = std::strlen(text);
-  if (length > 0 && IsLineEnd(text[length - 1])) --length;
-  if (length > 0 && IsLineEnd(text[length - 1])) --length;
-  if (length > kMaxValueLength) return false;
-  flm::BoundedText(value, sizeof(value)).Text(text, length);
+  const char* const text = static_cast<const char*>(equals) + 1;
+  size_t rest = static_cast<size_t>(line + length - text);
+  if (rest > 0 && IsLineEnd(text[rest - 1])) --rest;
+  if (rest > 0 && IsLineEnd(text[rest - 1])) --rest;
+  if (rest > kMaxValueLength) return false;
+  std::memcpy(value, text, rest);
+  value[rest] = '\0';
   return true;
 }
 
@@ -79,27 +79,26 @@ int CQDPOF::LoadDPOFInfo(const char* path, CQDCFList* catalogue) {
   load->catalogue = catalogue;
   load->root = path;
   load->rootLength = static_cast<size_t>(rootEnd - path);
-  while (reader.GetLine(load->line, kLineSize, '\n') >= 0) {
+  int length = 0;
+  while (reader.NextLine(load->line, kLineSize, '\n', &length) >= 0) {
     if (!TakeLine(*load)) return -1;
   }
   return 0;
 }
 
-// False when the line ends the load.
+// False when the line ends the load. Lines of other kinds change nothing.
 bool CQDPOF::TakeLine(Load& load) {
   const char* const line = load.line;
-  if (std::strlen(line) < kKeyLength || line[0] == '[') return true;
+  const size_t length = std::strlen(line);
+  if (length < kKeyLength || line[0] == '[') return true;
   if (BeginsWith(line, "PRT")) {
-    load.TakeKey();
-    if (!load.TakeValue()) return false;
+    if (!load.TakeValue(length)) return false;
+    if (load.KeyIs("PRT TYP")) load.jobType = flm::JobTypeOf(load.value);
+    if (load.KeyIs("PRT QTY")) load.quantity = LeadingDigits(load.value);
   } else if (BeginsWith(line, "IM") || BeginsWith(line, "<I")) {
-    load.TakeKey();
     GetPath(line, load.source);
+    if (load.KeyIs("<IMG SR") || load.KeyIs("IMG SRC")) ApplySource(load);
   }
-  // A line of another kind acts by the key before it, which repeats what that line did.
-  if (load.KeyIs("PRT TYP")) load.jobType = flm::JobTypeOf(load.value);
-  if (load.KeyIs("PRT QTY")) load.quantity = LeadingDigits(load.value);
-  if (load.KeyIs("<IMG SR") || load.KeyIs("IMG SRC")) ApplySource(load);
   return true;
 }
 

@@ -71,17 +71,41 @@ int CQFileReader::GetLine(char* line, int size, char delimiter) {
   if (!created_ || buffer_ == nullptr || line == nullptr) return kNotUsable;
   BufferMemSet(line, 0, size);
   int length = 0;
-  for (;;) {
-    while (readPos_ < dataLen_) {
-      const char byte = buffer_[readPos_];
-      const bool ends = byte == delimiter;
-      if (!ends && length >= size) return kTooLong;
-      ++readPos_;
-      if (ends && length + 1 >= size) return kTooLong;
-      line[length++] = byte;
-      if (ends) return 0;
-    }
-    if (totalRead_ > 0 && totalRead_ >= fileSize_) return kEndOfFile;
-    if (!ReadBlock()) return kEndOfFile;
+  return NextLine(line, size, delimiter, &length);
+}
+
+int CQFileReader::NextLine(char* line, int size, char delimiter, int* length) {
+  *length = 0;
+  if (!created_ || buffer_ == nullptr || line == nullptr) return kNotUsable;
+  int result = kEndOfFile;
+  while (!TakeFromBlock(line, size, delimiter, length, &result)) {
+    if ((totalRead_ > 0 && totalRead_ >= fileSize_) || !ReadBlock()) break;
   }
+  if (*length < size) line[*length] = '\0';
+  return result;
+}
+
+// Adds what the block has of the line. True when the line or its room ends there, with the result.
+bool CQFileReader::TakeFromBlock(char* line, int size, char delimiter, int* length, int* result) {
+  const char* const from = buffer_ + readPos_;
+  const size_t left = static_cast<size_t>(dataLen_ - readPos_);
+  const void* const found = left == 0 ? nullptr : std::memchr(from, delimiter, left);
+  const int bytes = found == nullptr ? dataLen_ - readPos_
+                                     : static_cast<int>(static_cast<const char*>(found) - from);
+  const int room = size > *length ? size - *length : 0;
+  const int taken = bytes < room ? bytes : room;
+  std::memcpy(line + *length, from, static_cast<size_t>(taken));
+  *length += taken;
+  readPos_ += taken;
+  *result = kTooLong;
+  if (taken < bytes) return true;
+  if (found == nullptr) {
+    *result = kEndOfFile;
+    return false;
+  }
+  ++readPos_;
+  if (*length + 1 >= size) return true;
+  line[(*length)++] = delimiter;
+  *result = 0;
+  return true;
 }

@@ -30,8 +30,13 @@ class CQFileReader {
   // following line.
   int GetLine(char* line, int size, char delimiter);
 
+  // The same for a reader of lines that looks at nothing behind the end of each: the line is only
+  // terminated, where it has room, and *length is what was read of it.
+  int NextLine(char* line, int size, char delimiter, int* length);
+
  private:
   bool ReadBlock();
+  bool TakeFromBlock(char* line, int size, char delimiter, int* length, int* result);
 
   char* buffer_;        // owned
   int32_t readPos_;     // next unread byte of the buffer

@@ -232,6 +232,7 @@ class CQFileList : public IQFileList, public IQSelectedFileList, public IQPageUt
   int StepNext(CQFileListItem* item, flm::FileStatus& status, bool withInfo);
   int FillInfo(CQFileListItem* item, flm::FileStatus& status);
   void TakeMarks(CQFileListItem* item);
+  int TakeAt(int result, CQFileListItem* item, bool withInfo);
   bool IsDerived() const;
   bool CanWalk(const CQFileListItem* item) const;
 

@@ -4,6 +4,7 @@
 #include "base/bounded_text.h"
 #include "dcf/CQDCFList.h"
 #include "filelist/CQFileList_internal.h"
+#include "fsio/PCQDCFFSIO.h"
 #include "fsio/file_status.h"
 
 int CQFileList::InitGetAt() { return 0; }
@@ -18,12 +19,23 @@ int CQFileList::DCF_GetAt(int index, CQFileListItem* item) {
 int CQFileList::GetAt(int index, CQFileListItem* item, bool withInfo) {
   if (count_ <= 0 || catalogue_ == nullptr || item == nullptr) return -1;
   const int result = DCF_GetAt(index, item);
+  if (result >= 0 && !IsDerived() && flm::NamesFile(item)) return TakeAt(result, item, withInfo);
   // The cursor's index follows every attempt, also one that fails.
   curIndex_ = GetFileListIndex(item->filePath);
   if (result < 0) return result;
   if (withInfo && GetFileInfo(item) < 0) return -1;
-  // SetCur without looking the index up once more.
-  catalogue_->SetCurFile(item->filePath);
+  SetCur(item->filePath);
+  return result;
+}
+
+// The same three steps with one reading of the path.
+int CQFileList::TakeAt(int result, CQFileListItem* item, bool withInfo) {
+  flm::FileMarks marks;
+  curIndex_ = catalogue_->Visit(item->filePath, withInfo ? &marks : nullptr);
+  if (!withInfo) return result;
+  flm::StoreMarks(item, marks);
+  flm::FileStatus status(item->filePath);
+  PCQDCFFSIO::TakeStatInfo(item, status);
   return result;
 }
 

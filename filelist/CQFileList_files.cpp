@@ -41,6 +41,15 @@ constexpr int kKeyBase = 10000;
 
 }  // namespace
 
+void flm::StoreMarks(CQFileListItem* item, const FileMarks& marks) {
+  const auto held = [](int value) { return value == kInfoNoItem ? kPrintInfoNotHeld : value; };
+  item->selected = marks.selected ? 1 : 0;
+  item->wifiFlag = marks.wifi ? 1 : 0;
+  item->dpofCopies = static_cast<uint8_t>(held(marks.copies));
+  item->dpofSize = held(marks.size);
+  item->dpofIndex = marks.index == 1 ? 1 : 0;
+}
+
 int CQFileList::GetInfo(char* path, CQFileListItem* item) {
   if (path == nullptr) return -2;
   if (item == nullptr) return -3;
@@ -71,17 +80,11 @@ int CQFileList::FillInfo(CQFileListItem* item, flm::FileStatus& status) {
 
 // What those five operations say, with one look-up.
 void CQFileList::TakeMarks(CQFileListItem* item) {
-  CQDCFList::Marks marks = {false, false, kNoCatalogue, kNoCatalogue, 0};
   if (catalogue_ != nullptr) {
-    marks = catalogue_->GetMarks(item->filePath);
-    if (marks.copies == flm::kInfoNoItem) marks.copies = flm::kPrintInfoNotHeld;
-    if (marks.size == flm::kInfoNoItem) marks.size = flm::kPrintInfoNotHeld;
+    flm::StoreMarks(item, catalogue_->GetMarks(item->filePath));
+  } else {
+    flm::StoreMarks(item, {false, false, kNoCatalogue, kNoCatalogue, 0});
   }
-  item->selected = marks.selected ? 1 : 0;
-  item->wifiFlag = marks.wifi ? 1 : 0;
-  item->dpofCopies = static_cast<uint8_t>(marks.copies);
-  item->dpofSize = marks.size;
-  item->dpofIndex = marks.index == 1 ? 1 : 0;
 }
 
 int CQFileList::GetFileCreateTime(CQFileListItem* item) {

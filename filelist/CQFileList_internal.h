@@ -6,6 +6,7 @@
 
 #include "base/bounded_text.h"
 #include "base/fixed_sizes.h"
+#include "dcf/file_marks.h"
 #include "filelist/CQFileList.h"
 
 namespace flm {
@@ -19,6 +20,9 @@ inline bool NamesFile(const CQFileListItem* item) {
 
 constexpr int kPrintInfoNotHeld = -100;  // a print mark of a file that the list does not hold
 constexpr int kBulkCancelled = 10000;    // the callback stopped a bulk operation
+
+// Writes marks into the fields of an item, each as the list's own read of the mark gives it.
+void StoreMarks(CQFileListItem* item, const FileMarks& marks);
 
 // Calls act(path) for each companion of an item: raw, voice memo, multi-picture, in this order.
 template <typename Act>

@@ -69,7 +69,8 @@ int PCQDCFFSIO::SetProtect(const char* path, bool protect) {
   flm::FileStatus status(path);
   if (status.Result() < 0) return -1;
   const mode_t mode = status.Value().st_mode & kModeBits;
-  const int result = flm::Os().Chmod(path, protect ? mode & ~flm::kOwnerWrite : mode | flm::kOwnerWrite);
+  const int result =
+      flm::Os().Chmod(path, protect ? mode & ~flm::kOwnerWrite : mode | flm::kOwnerWrite);
   flm::Os().Sync();
   return result;
 }

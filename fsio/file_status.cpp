@@ -22,8 +22,6 @@ unsigned int FileStatus::ModifiedTime() {
   return Result() < 0 ? 0U : static_cast<unsigned int>(status_.st_mtime);
 }
 
-bool FileStatus::IsProtected() {
-  return Result() == 0 && (status_.st_mode & kOwnerWrite) == 0;
-}
+bool FileStatus::IsProtected() { return Result() == 0 && (status_.st_mode & kOwnerWrite) == 0; }
 
 }  // namespace flm

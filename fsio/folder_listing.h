@@ -23,34 +23,38 @@ class FolderListing {
   void Clear();
 
   int Count() const { return count_; }
-  const char* Name(int i) const { return names_ + entries_[i].nameAt; }
+  const char* Name(int i) const { return names_ + places_[i]; }
+
+  int Length(int i) const { return static_cast<unsigned char>(names_[places_[i] - kLengthAt]); }
 
   // Whether entry i is known to be neither a link nor a thing that could be one, so that a status
   // call by its name finds it.
-  bool IsNoLink(int i) const { return names_[entries_[i].nameAt - 1] != kMayBeLink; }
+  bool IsNoLink(int i) const { return names_[places_[i] - kTypeAt] != kMayBeLink; }
 
  private:
-  // In the block a byte that tells the entry's type stands in front of each name.
+  // In front of each name in the block stand its length and a byte that tells the entry's type.
+  static constexpr uint32_t kLengthAt = 2;
+  static constexpr uint32_t kTypeAt = 1;
+  static constexpr uint32_t kHead = 2;
   static constexpr char kMayBeLink = 0;
   static constexpr char kNoLink = 1;
 
-  struct Entry {
-    uint64_t key;     // what the order looks at, when every name has 12 characters
-    uint32_t nameAt;  // place of the name in the block; rises in the order of reading
-  };
-
   bool ReadNames(const char* path);
   bool Take(const char* name, bool mayBeLink);
-  bool MakeEntries();
-  void SortByKey();
+  bool MakePlaces();
+  bool Sort();
+  void SortByName(uint32_t* from, uint32_t* to) const;
+  bool SortByNumber();
   bool SortAsPlatform();
 
   char* names_ = nullptr;  // owned
   size_t namesSize_ = 0;
   size_t namesUsed_ = 0;
-  Entry* entries_ = nullptr;  // owned
+  uint32_t* places_ = nullptr;  // of the names in the block, in order; owned
   int32_t count_ = 0;
-  bool uniform_ = true;  // all names but "." and ".." are of 12 characters and stand behind these
+  int32_t dotEntries_ = 0;  // "." and ".." among them
+  bool uniform_ = true;     // all other names are of 12 characters and stand behind these two
+  bool numbered_ = true;    // and have four digits where the number stands
 };
 
 }  // namespace flm
