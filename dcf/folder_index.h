@@ -1,7 +1,7 @@
 // Finds the directories of a catalogue by name and by number, and the directory of a position,
 // without walking the table. What it holds is taken from the table anew after every change of a
 // name, a number or the number of slots in use; item counts are kept up one by one.
-// Proven by folder_index_test and by the random tests on cards with hundreds of folders.
+// Proven by list_reference_test, which also runs on a card with hundreds of folders.
 #ifndef FILELISTMANAGEMENT_DCF_FOLDER_INDEX_H
 #define FILELISTMANAGEMENT_DCF_FOLDER_INDEX_H
 

@@ -11,7 +11,8 @@
 //   blocks     64 sequences each; a block has a flag set when an item in it may have that flag
 //
 // About ten bytes an item, fourteen with names. All memory is asked for in Reserve: no look-up
-// allocates. Proven by item_index_test and by the random tests on large cards.
+// allocates. Proven by item_list_reference_test, dir_reference_test and the random tests on large
+// cards.
 #ifndef FILELISTMANAGEMENT_DCF_ITEM_INDEX_H
 #define FILELISTMANAGEMENT_DCF_ITEM_INDEX_H
 

@@ -149,8 +149,15 @@ void Card::Scan(const CardOptions& options, Access access) {
   }
 }
 
+void Card::UserPathInto(const char* libraryPath, std::string& line) const {
+  line.assign(root_ == "/" ? "" : root_.c_str());
+  line.append(libraryPath + 1);
+}
+
 std::string Card::UserPath(const std::string& libraryPath) const {
-  return (root_ == "/" ? "" : root_) + libraryPath.substr(1);
+  std::string path;
+  UserPathInto(libraryPath.c_str(), path);
+  return path;
 }
 
 std::string Card::Shown(const std::string& libraryPath) const {

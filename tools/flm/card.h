@@ -40,6 +40,8 @@ class Card {
   // A library path as the user would write it, with the root in front; and the same made printable.
   std::string UserPath(const std::string& libraryPath) const;
   std::string Shown(const std::string& libraryPath) const;
+  // The same for a list of many: the path goes into `line`, whose room is used again.
+  void UserPathInto(const char* libraryPath, std::string& line) const;
 
   // A path that the user wrote, absolute, beginning with the root as given, or relative to the card
   // or to its DCIM folder, as a library path; "" for a path outside the card.

@@ -1,11 +1,10 @@
-// Reading the list. The walk goes from the last file to the first, because the forward walk asks
-// the card for the time of every file, wanted or not. The companions' path comes with GetCurrent
-// and GetAt alone: the walks write it only on entering a folder.
+// Reading the list. It is read by index: the forward walk asks the card for the time of every file,
+// wanted or not, and the walks write the companions' path only on entering a folder. Each file's
+// status is read once, here, because the library's information has no size.
 #include "entries.h"
 
 #include <sys/stat.h>
 
-#include <algorithm>
 #include <cstring>
 #include <functional>
 #include <nlohmann/json.hpp>
@@ -20,16 +19,6 @@ constexpr size_t kExtensionLength = 3;
 constexpr eFileType kCompanionKinds[] = {FILE_TYPE_RAW, FILE_TYPE_VOICE_MEMO,
                                          FILE_TYPE_MULTI_PICTURE};
 
-// Calls `take` with the cursor on each file, from the last to the first.
-void WalkBackwards(Card& card, const std::function<void(const CQFileListItem&)>& take) {
-  CQFileListItem item;
-  int result = card.List().GetLast(&item, false);
-  while (result == 0) {
-    take(item);
-    result = card.List().GetPrev(&item, false);
-  }
-}
-
 // In the CAMERA folder companions do not share their picture's number, and a path made from it
 // would name a stranger.
 bool NamesOwnCompanions(const CQFileListItem& item) {
@@ -38,54 +27,68 @@ bool NamesOwnCompanions(const CQFileListItem& item) {
          std::strncmp(item.filePath, item.objectPath, length - kExtensionLength) == 0;
 }
 
-void Complete(Card& card, Entry& entry) {
+void TakeMarks(CQFileList& list, Entry& entry) {
   CQFileListItem& item = entry.item;
-  entry.grouped = card.List().IsVoiceRec(&item);
+  item.selected = list.IsSel(&item) ? 1 : 0;
+  item.wifiFlag = list.IsWifiFlag(&item) ? 1 : 0;
+  item.dpofCopies = static_cast<uint8_t>(list.GetDPOFNumOfCopy(&item));
+  item.dpofSize = list.GetDPOFSize(&item);
+  item.dpofIndex = list.GetDPOFIndex(&item) ? 1 : 0;
+  entry.grouped = list.IsVoiceRec(&item);
+}
+
+void TakeStatus(Entry& entry) {
   struct stat status;
-  entry.found = stat(item.filePath, &status) == 0;
-  if (entry.found) {
-    entry.size = status.st_size;
-    entry.time = status.st_mtime;
-  }
+  entry.found = stat(entry.item.filePath, &status) == 0;
+  if (!entry.found) return;
+  entry.size = status.st_size;
+  entry.time = status.st_mtime;
+  entry.item.isProtected = (status.st_mode & S_IWUSR) == 0 ? 1 : 0;
+}
+
+void TakeCompanions(CQFileList& list, Entry& entry) {
+  CQFileListItem& item = entry.item;
   if (!NamesOwnCompanions(item)) item.objectPath[0] = '\0';
+  if (item.objectPath[0] == '\0') return;
   for (const eFileType kind : kCompanionKinds) {
     char path[sizeof(item.objectPath)] = {};
     const int size = static_cast<int>(sizeof(path));
-    if (card.List().GetObjectFullPath(&item, kind, path, size) > 0) {
-      entry.companions.emplace_back(path);
-    }
+    if (list.GetObjectFullPath(&item, kind, path, size) > 0) entry.companions.emplace_back(path);
   }
 }
 
 }  // namespace
 
+void ForEachPath(Card& card, const std::function<void(const char*)>& take) {
+  CQFileListItem item;
+  for (int i = 0; card.List().GetAt(i, &item, false) >= 0; ++i) take(item.filePath);
+}
+
 std::vector<std::string> ReadPaths(Card& card) {
   std::vector<std::string> paths;
-  WalkBackwards(card, [&](const CQFileListItem& item) { paths.emplace_back(item.filePath); });
-  std::reverse(paths.begin(), paths.end());
+  ForEachPath(card, [&](const char* path) { paths.emplace_back(path); });
   return paths;
+}
+
+void ForEachEntry(Card& card, const std::function<void(const Entry&)>& take) {
+  for (int i = 0; i < card.Count(); ++i) take(ReadEntry(card, i));
 }
 
 std::vector<Entry> ReadEntries(Card& card) {
   std::vector<Entry> entries;
-  WalkBackwards(card, [&](const CQFileListItem&) {
-    Entry entry;
-    card.List().GetCurrent(&entry.item, true);
-    Complete(card, entry);
-    entries.push_back(std::move(entry));
-  });
-  std::reverse(entries.begin(), entries.end());
-  for (size_t i = 0; i < entries.size(); ++i) entries[i].index = static_cast<int>(i);
+  ForEachEntry(card, [&](const Entry& entry) { entries.push_back(entry); });
   return entries;
 }
 
 Entry ReadEntry(Card& card, int index) {
   Entry entry;
   entry.index = index;
-  if (card.List().GetAt(index, &entry.item, true) < 0) {
+  if (card.List().GetAt(index, &entry.item, false) < 0) {
     throw Failure("cannot read the file with the index " + std::to_string(index));
   }
-  Complete(card, entry);
+  TakeMarks(card.List(), entry);
+  TakeStatus(entry);
+  TakeCompanions(card.List(), entry);
   return entry;
 }
 

@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <ctime>
+#include <functional>
 #include <nlohmann/json_fwd.hpp>
 #include <string>
 #include <vector>
@@ -23,6 +24,11 @@ struct Entry {
 
   std::string Path() const { return item.filePath; }
 };
+
+// Calls `take` with the library path of each file in list order. No file is read for it.
+void ForEachPath(Card& card, const std::function<void(const char*)>& take);
+// Calls `take` with everything about each file in list order.
+void ForEachEntry(Card& card, const std::function<void(const Entry&)>& take);
 
 // The library paths of all files in list order. No file is read for it.
 std::vector<std::string> ReadPaths(Card& card);

@@ -25,16 +25,19 @@ struct ListOptions {
 };
 
 int ListPaths(Card& card, bool nul) {
-  for (const std::string& path : ReadPaths(card)) {
-    const std::string line = nul ? card.UserPath(path) + '\0' : card.Shown(path) + '\n';
+  std::string line;
+  ForEachPath(card, [&](const char* path) {
+    card.UserPathInto(path, line);
+    if (!nul) MakePrintable(line);
+    line += nul ? '\0' : '\n';
     Print(line);
-  }
+  });
   return kStatusDone;
 }
 
 int ListJson(Card& card) {
   nlohmann::ordered_json files = nlohmann::ordered_json::array();
-  for (const Entry& entry : ReadEntries(card)) files.push_back(ToJson(card, entry));
+  ForEachEntry(card, [&](const Entry& entry) { files.push_back(ToJson(card, entry)); });
   PrintJson(files);
   return kStatusDone;
 }
@@ -51,12 +54,12 @@ int ListTable(Card& card, bool exact) {
                {"TIME", Align::kLeft},
                {"MARKS", Align::kLeft},
                {"COMPANIONS", Align::kLeft}});
-  for (const Entry& entry : ReadEntries(card)) {
+  ForEachEntry(card, [&](const Entry& entry) {
     table.AddRow({std::to_string(entry.index), card.Shown(entry.Path()), SizeText(entry, exact),
                   entry.found ? LocalTime(entry.time) : "?",
                   exact ? LongMarks(entry) : ShortMarks(entry),
                   exact ? LongCompanions(entry) : ShortCompanions(entry)});
-  }
+  });
   Print(table.Text());
   return kStatusDone;
 }

@@ -3,6 +3,7 @@
 // rest. Proven by tests/tool: names of any bytes are listed in every form.
 #include "text.h"
 
+#include <algorithm>
 #include <array>
 #include <cstring>
 
@@ -98,11 +99,19 @@ std::string WithReason(const std::string& what, int error) {
   return what + ": " + std::strerror(error);
 }
 
-std::string Printable(const std::string& raw) { return Escape(raw, true); }
+void MakePrintable(std::string& text) {
+  const auto isPlain = [](char c) { return c >= ' ' && c <= '~'; };
+  if (!std::all_of(text.begin(), text.end(), isPlain)) text = Escape(text, true);
+}
+
+std::string Printable(std::string raw) {
+  MakePrintable(raw);
+  return raw;
+}
 
 std::string JsonText(const std::string& raw) { return Escape(raw, false); }
 
-size_t DisplayWidth(const std::string& printable) {
+size_t DisplayWidth(std::string_view printable) {
   size_t width = 0;
   for (const char c : printable) {
     if ((static_cast<unsigned char>(c) & 0xC0) != 0x80) ++width;
@@ -129,7 +138,7 @@ std::string HumanSize(int64_t bytes) {
   return std::to_string(whole) + "." + std::to_string(tenths) + kUnits[unit];
 }
 
-std::string LocalTime(std::time_t time) { return FormatTime(time, "%Y-%m-%d %H:%M:%S"); }
+std::string LocalTime(std::time_t time) { return FormatTime(time, "%F %T"); }
 
 std::string IsoTime(std::time_t time) {
   std::string text = FormatTime(time, "%Y-%m-%dT%H:%M:%S%z");

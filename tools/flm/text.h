@@ -6,19 +6,21 @@
 #include <cstdint>
 #include <ctime>
 #include <string>
+#include <string_view>
 
 namespace flm::tool {
 
 // A name as a terminal may be shown it: control characters, characters that reorder text, and bytes
 // that are no UTF-8 become \xNN, so that a name on a card can neither send commands to the terminal
 // nor pretend to be another name.
-std::string Printable(const std::string& raw);
+std::string Printable(std::string raw);
+void MakePrintable(std::string& text);  // in place
 
 // A name as JSON may hold it: bytes that are no UTF-8 become \xNN, everything else stays.
 std::string JsonText(const std::string& raw);
 
 // Columns that a printable text takes, one for each character.
-size_t DisplayWidth(const std::string& printable);
+size_t DisplayWidth(std::string_view printable);
 
 std::string HumanSize(int64_t bytes);       // "812", "3.4K", "2.1G": powers of 1024
 std::string LocalTime(std::time_t time);    // "2024-03-05 09:07:00", in local time
