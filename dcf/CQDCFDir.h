@@ -136,6 +136,7 @@ class CQDCFDir {
   };
   Located Locate(int fileNumber, const char* path, int length) const;
   // What the catalogue's walks ask; null, 0 or none without a list.
+  bool IsWalked() const { return items_ == nullptr || items_->IsWalked(); }
   DCFItem* GetItemAt(int position) const;
   DCFItem* NextWith(const DCFItem* from, flm::ItemFlags flags) const;
   DCFItem* PreviousWith(const DCFItem* from, flm::ItemFlags flags) const;

@@ -82,7 +82,11 @@ void CQDCFItemList::KeepRoom() {
 
 void CQDCFItemList::ReserveIndex(int items, bool byName) {
   byName_ = byName;
-  if (items > kWalkedItems) index_.Reserve(items, byName);
+  if (items > kWalkedItems) {
+    index_.Reserve(items, byName);
+  } else {
+    index_.Release();
+  }
 }
 
 void CQDCFItemList::FitIndex(int more) {
@@ -95,9 +99,8 @@ void CQDCFItemList::FitIndex(int more) {
 
 flm::ItemIndex* CQDCFItemList::Index() const {
   if (count_ <= kWalkedItems || index_.Room() == 0) return nullptr;
-  index_.CatchUp(head_);
-  // More nodes than room: memory was short when they were added.
-  return index_.Count() < count_ ? nullptr : &index_;
+  // More nodes than room: memory was short when they were added, or the count was wrong.
+  return index_.CatchUp(head_) ? &index_ : nullptr;
 }
 
 int CQDCFItemList::DeleteItemAt(DCFItem* item) {
@@ -223,7 +226,7 @@ bool CQDCFItemList::SortByTable() {
   };
   uint32_t count = 0;
   for (const DCFItem* item = head_; item != nullptr; item = item->next) ++count;
-  auto* const nodes = static_cast<Node*>(std::malloc(count * sizeof(Node)));
+  auto* const nodes = static_cast<Node*>(std::malloc((count + 1) * sizeof(Node)));
   if (nodes == nullptr) return false;
   uint32_t place = 0;
   for (DCFItem* item = head_; item != nullptr; item = item->next, ++place) {

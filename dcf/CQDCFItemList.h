@@ -78,6 +78,8 @@ class CQDCFItemList {
   // `from`: from the first or the last.
   DCFItem* NextWith(const DCFItem* from, flm::ItemFlags flags) const;
   DCFItem* PreviousWith(const DCFItem* from, flm::ItemFlags flags) const;
+  // Whether the list is walked, for want of nodes or of memory.
+  bool IsWalked() const { return Index() == nullptr; }
   // How many nodes stand in front of one of them.
   int PositionOf(const DCFItem* item) const;
   int CountOfBit(int bit) const;
@@ -87,8 +89,8 @@ class CQDCFItemList {
   // Gives back room that so many more nodes than now do not need.
   void FitIndex(int more);
 
-  // Writes into a node: every change of a number, mark or name goes through here. The node may be
-  // any record, also one of another list.
+  // Writes into a node: every change of a number, mark or name goes through here. A record of
+  // another list is written too, but that list is not told.
   template <typename Write>
   void Change(DCFItem* item, bool renames, Write change) {
     const int number = item->fileNumber;

@@ -250,6 +250,8 @@ class CQDCFList {
     return dirTable_ != nullptr && slot >= 0 && slot < flm::kMaxFolders;
   }
   bool IsRead(int slot) const { return dirTable_[slot].GetDnum() > 0; }
+  // The directory number of a slot; a caller may have put any slot into a cursor.
+  int NumberOf(int slot) const { return IsSlot(slot) ? dirTable_[slot].GetDnum() : -1; }
   int UsedSlots() const;
   bool HasRoot() const { return baseURI_[0] != '\0'; }
 

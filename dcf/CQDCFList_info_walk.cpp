@@ -47,12 +47,21 @@ void CQDCFList::SkipInSlot(InfoWalk& walk, flm::ItemFlags flags) {
   if (curItem_ == nullptr || !HasList(curDirIndex_)) return;
   if (curItem_->next == nullptr || (flm::FlagsOf(curItem_->next) & flags) != 0) return;
   CQDCFDir& dir = dirTable_[curDirIndex_];
+  if (dir.IsWalked()) {
+    DCFItem* item = curItem_;
+    for (; walk.left > 0 && item->next != nullptr; --walk.left) {
+      if ((flm::FlagsOf(item->next) & flags) != 0) break;
+      item = item->next;
+    }
+    if (item != curItem_) MoveCursor({curDirIndex_, item}, dir.GetDnum());
+    return;
+  }
   const DCFItem* const next = dir.NextWith(curItem_, flags);
   const int here = dir.PositionOf(curItem_);
   const int end = next == nullptr ? dir.GetCount() : dir.PositionOf(next);
   int skipped = end - 1 - here;
   if (skipped > walk.left) skipped = walk.left;
-  if (skipped <= 0) return;
+  if (here < 0 || skipped <= 0) return;
   walk.left -= skipped;
   MoveCursor({curDirIndex_, dir.GetItemAt(here + skipped)}, dir.GetDnum());
 }

@@ -194,13 +194,13 @@ int CQDCFList::Visit(const char* path, flm::FileMarks* marks) {
   if (numbers.slot < 0 || numbers.free || !HasList(numbers.slot)) {
     const int position = PositionIn(numbers, path);
     if (marks != nullptr) *marks = MarksOf(Answering(numbers, path));
-    MoveCursorTo(numbers, LookUp(numbers, path));
+    SetCurFile(path);
     return position;
   }
   const CQDCFDir::Located found =
       dirTable_[numbers.slot].Locate(numbers.fileNumber, path, numbers.length);
   const Place place = {numbers.slot, found.item};
-  if (marks != nullptr) *marks = MarksOf(CursorAnswers(numbers) ? CursorPlace() : place);
+  if (marks != nullptr) *marks = MarksOf(CursorAnswers(numbers) ? Place{0, curItem_} : place);
   MoveCursorTo(numbers, place);
   return found.position < 0 ? -1 : Folders().Before(numbers.slot) + found.position;
 }

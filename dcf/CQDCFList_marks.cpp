@@ -78,7 +78,7 @@ int CQDCFList::SetBitCurFile(int dirNumber, int fileNumber, int dirIndex, DCFIte
 int CQDCFList::FoundBit(Place place, char* out, int outSize) {
   if (place.item == nullptr) return -1;
   WritePath({out, outSize}, place);
-  SetBitCurFile(dirTable_[place.slot].GetDnum(), place.item->fileNumber, place.slot, place.item);
+  SetBitCurFile(NumberOf(place.slot), place.item->fileNumber, place.slot, place.item);
   return 0;
 }
 
@@ -163,11 +163,11 @@ int CQDCFList::GetCustomInfo(const char* path, int byte) {
 }
 
 flm::FileMarks CQDCFList::GetMarks(const char* path) {
-  if (dirTable_ == nullptr) return {false, false, kDirNotHeld, kDirNotHeld, kDirNotHeld};
   return MarksOf(Answering(ReadPath(path), path));
 }
 
 flm::FileMarks CQDCFList::MarksOf(Place place) {
+  if (dirTable_ == nullptr) return {false, false, kDirNotHeld, kDirNotHeld, kDirNotHeld};
   CQDCFDir& dir = dirTable_[0];
   return {dir.GetItemBit(place.item, flm::kMarkBitSelected),
           dir.GetItemBit(place.item, flm::kMarkBitWifi),

@@ -115,8 +115,7 @@ int CQDCFList::SlotHolding(int dirNumber, int fileNumber) const {
 }
 
 void CQDCFList::WritePath(PathOut out, Place place) const {
-  const int dirNumber = IsSlot(place.slot) ? dirTable_[place.slot].GetDnum() : -1;
-  BuildPath(out, dirNumber, place.item->fileNumber, place.slot, place.item);
+  BuildPath(out, NumberOf(place.slot), place.item->fileNumber, place.slot, place.item);
 }
 
 void CQDCFList::WriteObjectPath(PathOut out, Place place) const {

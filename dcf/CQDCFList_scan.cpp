@@ -88,8 +88,8 @@ int CQDCFList::SortDirList() {
   return 0;
 }
 
-// Sorts by a table of places, which finds what the exchanges find unless two folders have one name.
-// False, and nothing is moved, in that case.
+// Sorts by a table of places, which finds what the exchanges find unless two folders of one number
+// have one name or end in "PHOTO" both. False, and nothing is moved, in that case.
 bool CQDCFList::SortByTable(int used) {
   uint16_t sources[flm::kMaxFolders];
   for (int i = 0; i < used; ++i) sources[i] = static_cast<uint16_t>(i);
@@ -104,9 +104,9 @@ bool CQDCFList::SortByTable(int used) {
   for (int i = 1; i < used; ++i) {
     const CQDCFDir& before = dirTable_[sources[i - 1]];
     const CQDCFDir& dir = dirTable_[sources[i]];
-    const bool equal = before.GetDnum() == dir.GetDnum() &&
-                       std::strcmp(before.GetDirName(), dir.GetDirName()) == 0;
-    if (equal) return false;
+    if (before.GetDnum() != dir.GetDnum()) continue;
+    const bool photos = EndsInPhoto(&before) && EndsInPhoto(&dir);
+    if (photos || std::strcmp(before.GetDirName(), dir.GetDirName()) == 0) return false;
   }
   for (int start = 0; start < used; ++start) {
     if (sources[start] == start) continue;

@@ -145,7 +145,7 @@ int CQDCFList::TakeNext(PathOut out, PathOut objOut, unsigned int* fileTime,
   WritePath(out, place);
   if (place.slot != left) WriteObjectPath(objOut, place);
   WriteTime(fileTime, place.item, status);
-  MoveCursor(place, dirTable_[place.slot].GetDnum());
+  MoveCursor(place, NumberOf(place.slot));
   return 0;
 }
 
@@ -156,7 +156,7 @@ int CQDCFList::GetPrev(char* out, int outSize, char* objOut, int objSize) {
   if (place.item == nullptr) return -1;
   WritePath({out, outSize}, place);
   if (place.slot != left) WriteObjectPath({objOut, objSize}, place);
-  MoveCursor(place, dirTable_[place.slot].GetDnum());
+  MoveCursor(place, NumberOf(place.slot));
   return 0;
 }
 
@@ -166,7 +166,7 @@ int CQDCFList::GetLast(char* out, int outSize, char* objOut, int objSize) {
   if (place.item == nullptr) return -1;
   WritePath({out, outSize}, place);
   WriteObjectPath({objOut, objSize}, place);
-  MoveCursor(place, dirTable_[place.slot].GetDnum());
+  MoveCursor(place, NumberOf(place.slot));
   return 0;
 }
 
@@ -211,7 +211,7 @@ DCFItem* CQDCFList::GetFirstDCFItem() {
 DCFItem* CQDCFList::GetNextDCFItem() {
   if (curDnum_ < 0) return GetFirstDCFItem();
   const Place place = ForwardReading(CursorPlace());
-  if (place.item != nullptr) MoveCursor(place, dirTable_[place.slot].GetDnum());
+  if (place.item != nullptr) MoveCursor(place, NumberOf(place.slot));
   return place.item;
 }
 

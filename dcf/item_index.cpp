@@ -2,6 +2,7 @@
 
 #include <cstdlib>
 #include <cstring>
+#include <initializer_list>
 
 #include "base/bounded_text.h"
 #include "dcf/dcf_name.h"
@@ -17,6 +18,9 @@ constexpr uint32_t kNumberSpread = 40503;  // 2^16 and 2^32 by the golden ratio
 constexpr uint32_t kHashSpread = 2654435769U;
 constexpr uint32_t kHashBase = 16777619U;
 constexpr uint32_t kLow16 = 0xFFFF;
+
+// Two items a bucket: memory counts for more than the second comparison.
+int BucketsFor(int items) { return items / 2 + 1; }
 
 int LowestBit(int value) { return value & -value; }
 
@@ -68,7 +72,8 @@ bool ItemIndex::Reserve(int items, bool byName) {
   Release();
   if (items > kMostItems) return false;
   const size_t room = static_cast<size_t>(items);
-  const size_t links = byName ? 4 * room : 2 * room;
+  const size_t kinds = byName ? 3 : 2;
+  const size_t links = kinds * (room + static_cast<size_t>(BucketsFor(items)));
   const size_t blocks = room / kBlockItems + 1;
   const size_t size = room * sizeof(int32_t) + links * sizeof(Link) +
                       (room + 1) * sizeof(uint16_t) + blocks * sizeof(ItemFlags);
@@ -81,14 +86,14 @@ bool ItemIndex::Reserve(int items, bool byName) {
 
 void ItemIndex::SetUp(unsigned char* block, int room, bool byName) {
   room_ = room;
+  buckets_ = BucketsFor(room);
   offsets_ = reinterpret_cast<int32_t*>(block);
-  numberHeads_ = reinterpret_cast<Link*>(offsets_ + room);
-  numberNexts_ = numberHeads_ + room;
-  Link* end = numberNexts_ + room;
-  if (byName) {
-    nameHeads_ = end;
-    nameNexts_ = nameHeads_ + room;
-    end = nameNexts_ + room;
+  Link* end = reinterpret_cast<Link*>(offsets_ + room);
+  for (Chains* const chains : {&numbers_, &addresses_, &names_}) {
+    if (chains == &names_ && !byName) break;
+    chains->lasts = end;
+    chains->nexts = end + buckets_;
+    end = chains->nexts + room;
   }
   tree_ = end;
   blocks_ = tree_ + room + 1;
@@ -97,8 +102,9 @@ void ItemIndex::SetUp(unsigned char* block, int room, bool byName) {
 void ItemIndex::Release() {
   std::free(block_);
   block_ = nullptr;
-  nameHeads_ = nullptr;
-  nameNexts_ = nullptr;
+  numbers_ = Chains();
+  addresses_ = Chains();
+  names_ = Chains();
   room_ = 0;
   used_ = 0;
   count_ = 0;
@@ -112,23 +118,18 @@ void ItemIndex::Clear() {
   nameLengths_ = 0;
   lastTaken_ = nullptr;
   std::memset(bitCounts_, 0, sizeof(bitCounts_));
-  const size_t room = static_cast<size_t>(room_);
-  if (room == 0) return;
-  std::memset(numberHeads_, 0xFF, room * sizeof(Link));
-  if (nameHeads_ != nullptr) std::memset(nameHeads_, 0xFF, room * sizeof(Link));
-  std::memset(blocks_, 0, (room / kBlockItems + 1) * sizeof(ItemFlags));
+  if (room_ == 0) return;
+  for (const Chains& chains : {numbers_, addresses_, names_}) {
+    if (chains.lasts == nullptr) continue;
+    std::memset(chains.lasts, 0xFF, static_cast<size_t>(buckets_) * sizeof(Link));
+  }
+  std::memset(blocks_, 0, (static_cast<size_t>(room_) / kBlockItems + 1) * sizeof(ItemFlags));
 }
 
-void ItemIndex::CatchUp(DCFItem* head) {
+bool ItemIndex::CatchUp(DCFItem* head) {
   DCFItem* item = lastTaken_ == nullptr ? head : lastTaken_->next;
-  if (item == nullptr) return;
-  const int from = used_;
   for (; item != nullptr && used_ < room_; item = item->next) Append(item);
-  if (from == 0) {
-    LinkBackwards(from);
-  } else {
-    for (int sequence = from; sequence < used_; ++sequence) LinkAtEnd(sequence);
-  }
+  return item == nullptr;
 }
 
 void ItemIndex::Append(DCFItem* item) {
@@ -139,6 +140,12 @@ void ItemIndex::Append(DCFItem* item) {
   blocks_[used_ >> kBlockShift] = static_cast<ItemFlags>(blocks_[used_ >> kBlockShift] | flags);
   allFlags_ = static_cast<ItemFlags>(allFlags_ | flags);
   CountBits(flags, 1);
+  numbers_.Add(BucketOfNumber(item->fileNumber), used_);
+  addresses_.Add(BucketOfAddress(offsets_[used_]), used_);
+  if (HasNames()) {
+    nameLengths_ |= uint64_t{1} << NameLength(item);
+    names_.Add(BucketOfName(item), used_);
+  }
   ++used_;
   ++count_;
   AppendToTree();
@@ -152,66 +159,18 @@ void ItemIndex::AppendToTree() {
   tree_[used_] = static_cast<uint16_t>(sum);
 }
 
-// Front insertion from the last to the first leaves every chain in list order.
-void ItemIndex::LinkBackwards(int from) {
-  for (int sequence = used_ - 1; sequence >= from; --sequence) {
-    const DCFItem* const item = At(sequence);
-    Link& head = numberHeads_[BucketOfNumber(item->fileNumber)];
-    numberNexts_[sequence] = head;
-    head = static_cast<Link>(sequence);
-    if (nameHeads_ == nullptr) continue;
-    const int length = NameLength(item);
-    nameLengths_ |= uint64_t{1} << length;
-    Link& nameHead = nameHeads_[BucketOfHash(HashOf(item->fileName, length))];
-    nameNexts_[sequence] = nameHead;
-    nameHead = static_cast<Link>(sequence);
-  }
-}
-
-void ItemIndex::LinkAtEnd(int sequence) {
-  const DCFItem* const item = At(sequence);
-  Link* at = &numberHeads_[BucketOfNumber(item->fileNumber)];
-  while (*at != kEnd) at = &numberNexts_[*at];
-  *at = static_cast<Link>(sequence);
-  numberNexts_[sequence] = kEnd;
-  if (nameHeads_ == nullptr) return;
-  const int length = NameLength(item);
-  nameLengths_ |= uint64_t{1} << length;
-  at = &nameHeads_[BucketOfHash(HashOf(item->fileName, length))];
-  while (*at != kEnd) at = &nameNexts_[*at];
-  *at = static_cast<Link>(sequence);
-  nameNexts_[sequence] = kEnd;
-}
-
-void ItemIndex::Unlink(Link* heads, Link* nexts, int bucket, int sequence) {
-  Link* at = &heads[bucket];
-  while (*at != kEnd && *at != sequence) at = &nexts[*at];
-  if (*at != kEnd) *at = nexts[sequence];
-}
-
-// Whether a node of the list has not been taken in yet.
-bool ItemIndex::IsWaiting(const DCFItem* item) const {
-  if (lastTaken_ == nullptr) return true;
-  for (const DCFItem* at = lastTaken_->next; at != nullptr; at = at->next) {
-    if (at == item) return true;
-  }
-  return false;
+void ItemIndex::Chains::Add(int bucket, int sequence) const {
+  Link& last = lasts[bucket];
+  const Link added = static_cast<Link>(sequence);
+  nexts[added] = last == kEnd ? added : nexts[last];
+  if (last != kEnd) nexts[last] = added;
+  last = added;
 }
 
 void ItemIndex::Remove(const DCFItem* item) {
-  if (IsEmpty()) return;
   const int sequence = SequenceOf(item);
-  if (sequence < 0) {
-    // Its number was changed behind our back, so nothing that is held can be relied on.
-    if (!IsWaiting(item)) Clear();
-    return;
-  }
+  if (sequence < 0) return;
   if (lastTaken_ == item) lastTaken_ = item->prev;
-  Unlink(numberHeads_, numberNexts_, BucketOfNumber(item->fileNumber), sequence);
-  if (nameHeads_ != nullptr) {
-    Unlink(nameHeads_, nameNexts_, BucketOfHash(HashOf(item->fileName, NameLength(item))),
-           sequence);
-  }
   CountBits(FlagsOf(item), -1);
   offsets_[sequence] = kHole;
   for (int at = sequence + 1; at <= used_; at += LowestBit(at)) --tree_[at];
@@ -222,14 +181,11 @@ void ItemIndex::Remove(const DCFItem* item) {
 void ItemIndex::Changed(const DCFItem* item, int numberBefore, ItemFlags flagsBefore,
                         bool renamed) {
   if (IsEmpty()) return;
-  const bool moved = item->fileNumber != numberBefore || (renamed && nameHeads_ != nullptr);
+  const bool moved = item->fileNumber != numberBefore || (renamed && HasNames());
   const ItemFlags flags = FlagsOf(item);
   if (!moved && flags == flagsBefore) return;
-  const int sequence = SequenceOf(item, numberBefore);
-  if (sequence < 0) {
-    if (!IsWaiting(item)) Clear();
-    return;
-  }
+  const int sequence = SequenceOf(item);
+  if (sequence < 0) return;
   if (moved) {
     Clear();
     return;
@@ -256,42 +212,57 @@ DCFItem* ItemIndex::At(int sequence) const {
 
 int ItemIndex::BucketOfNumber(int number) const {
   const uint32_t hash = static_cast<uint32_t>(number) * kNumberSpread & kLow16;
-  return static_cast<int>(hash * static_cast<uint32_t>(room_) >> 16);
+  return static_cast<int>(hash * static_cast<uint32_t>(buckets_) >> 16);
 }
 
 int ItemIndex::BucketOfHash(uint32_t hash) const {
-  return static_cast<int>((hash * kHashSpread >> 16) * static_cast<uint32_t>(room_) >> 16);
+  return static_cast<int>((hash * kHashSpread >> 16) * static_cast<uint32_t>(buckets_) >> 16);
+}
+
+int ItemIndex::BucketOfName(const DCFItem* item) const {
+  return BucketOfHash(HashOf(item->fileName, NameLength(item)));
+}
+
+// An item's address is told by its place in the pool; consecutive items differ by a record.
+int ItemIndex::BucketOfAddress(int32_t offset) const {
+  return BucketOfHash(static_cast<uint32_t>(offset) / alignof(DCFItem));
+}
+
+bool ItemIndex::IsNumber(int sequence, int number) const {
+  return offsets_[sequence] != kHole && At(sequence)->fileNumber == number;
 }
 
 int ItemIndex::FirstOfNumber(int number) const {
   if (IsEmpty()) return -1;
-  for (Link at = numberHeads_[BucketOfNumber(number)]; at != kEnd; at = numberNexts_[at]) {
-    if (At(at)->fileNumber == number) return at;
-  }
-  return -1;
+  const int bucket = BucketOfNumber(number);
+  Link at = numbers_.First(bucket);
+  while (at != kEnd && !IsNumber(at, number)) at = numbers_.Next(bucket, at);
+  return at == kEnd ? -1 : at;
 }
 
 int ItemIndex::NextOfNumber(int sequence) const {
   const int number = At(sequence)->fileNumber;
-  for (Link at = numberNexts_[sequence]; at != kEnd; at = numberNexts_[at]) {
-    if (At(at)->fileNumber == number) return at;
-  }
-  return -1;
+  const int bucket = BucketOfNumber(number);
+  Link at = numbers_.Next(bucket, static_cast<Link>(sequence));
+  while (at != kEnd && !IsNumber(at, number)) at = numbers_.Next(bucket, at);
+  return at == kEnd ? -1 : at;
 }
 
-int ItemIndex::SequenceOf(const DCFItem* item) const { return SequenceOf(item, item->fileNumber); }
-
-int ItemIndex::SequenceOf(const DCFItem* item, int number) const {
+int ItemIndex::SequenceOf(const DCFItem* item) const {
   if (IsEmpty()) return -1;
-  for (Link at = numberHeads_[BucketOfNumber(number)]; at != kEnd; at = numberNexts_[at]) {
-    if (At(at) == item) return at;
-  }
-  return -1;
+  const int64_t distance = static_cast<int64_t>(reinterpret_cast<uintptr_t>(item)) -
+                           static_cast<int64_t>(reinterpret_cast<uintptr_t>(base_));
+  if (distance <= kHole || distance > INT32_MAX) return -1;  // of another pool
+  const int32_t offset = static_cast<int32_t>(distance);
+  const int bucket = BucketOfAddress(offset);
+  Link at = addresses_.First(bucket);
+  while (at != kEnd && offsets_[at] != offset) at = addresses_.Next(bucket, at);
+  return at == kEnd ? -1 : at;
 }
 
-int ItemIndex::SameName(Link from, const char* name, int length) const {
-  for (Link at = from; at != kEnd; at = nameNexts_[at]) {
-    if (offsets_[at] == kHole) continue;  // its name was changed behind our back before it left
+int ItemIndex::SameName(int bucket, Link from, const char* name, int length) const {
+  for (Link at = from; at != kEnd; at = names_.Next(bucket, at)) {
+    if (offsets_[at] == kHole) continue;
     const char* const held = At(at)->fileName;
     if (std::strncmp(held, name, static_cast<size_t>(length)) == 0 && held[length] == '\0')
       return at;
@@ -302,12 +273,15 @@ int ItemIndex::SameName(Link from, const char* name, int length) const {
 int ItemIndex::FirstOfName(const char* name) const {
   const int length = BoundedLength(name, kFileNameSize);
   if (IsEmpty() || length >= kFileNameSize) return -1;
-  return SameName(nameHeads_[BucketOfHash(HashOf(name, length))], name, length);
+  const int bucket = BucketOfHash(HashOf(name, length));
+  return SameName(bucket, names_.First(bucket), name, length);
 }
 
 int ItemIndex::NextOfName(int sequence) const {
   const DCFItem* const item = At(sequence);
-  return SameName(nameNexts_[sequence], item->fileName, NameLength(item));
+  const int bucket = BucketOfName(item);
+  return SameName(bucket, names_.Next(bucket, static_cast<Link>(sequence)), item->fileName,
+                  NameLength(item));
 }
 
 // Every part of the text that is as long as some name is looked up, instead of looking for every
@@ -322,7 +296,8 @@ int ItemIndex::FirstNameWithin(const char* text, ItemFlags flags) const {
         hash = hash * kHashBase + static_cast<unsigned char>(text[start + length - 1]);
       }
       if ((nameLengths_ >> length & 1) == 0) continue;
-      int found = SameName(nameHeads_[BucketOfHash(hash)], text + start, length);
+      const int bucket = BucketOfHash(hash);
+      int found = SameName(bucket, names_.First(bucket), text + start, length);
       while (found >= 0 && (FlagsOf(At(found)) & flags) != flags) found = NextOfName(found);
       if (found >= 0 && (first < 0 || found < first)) first = found;
     }

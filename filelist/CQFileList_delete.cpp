@@ -132,7 +132,7 @@ bool CQFileList::HoldsFile(const char* folder, const char* filePath) const {
   if (catalogue_ == nullptr || catalogue_->GetFirstBeside(filePath, other, flm::kPathSize) < 0)
     return false;
   FolderOf(other, otherFolder);
-  return std::strcmp(folder, otherFolder) == 0 && PCQDCFFSIO::IsExist(other) != 0;
+  return std::strcmp(folder, otherFolder) == 0 && flm::FileStatus(other).IsRegularFile();
 }
 
 int CQFileList::DeleteCons(CQFileListItem* item, bool force, bool saveDpof) {
@@ -177,7 +177,7 @@ bool CQFileList::LeaveFolder(CQFileListItem* item, flm::FileStatus& status, int 
   DCF_GetAt(position, item);
   status.Forget();
   FolderOf(item->filePath, nextFolder);
-  if (std::strcmp(folder, nextFolder) == 0 && status.Result() == 0) return true;
+  if (std::strcmp(folder, nextFolder) == 0 && status.IsRegularFile()) return true;
   if (PCQDCFFSIO::IsDirEmpty(folder) != 0) DCF_RemoveFile(folder, sync);
   return false;
 }

@@ -9,7 +9,8 @@ PCQDCFFSIO::PCQDCFFSIO(const char* path, const char* pattern) { Open(path, patte
 PCQDCFFSIO::~PCQDCFFSIO() = default;
 
 int PCQDCFFSIO::Open(const char* path, const char* /*pattern*/) {
-  valid_ = listing_.Read(path);
+  // A folder without any entry, not even its own, is none that could be read.
+  valid_ = listing_.Read(path) && listing_.Count() > 0;
   open_ = valid_;
   next_ = 0;
   return 0;

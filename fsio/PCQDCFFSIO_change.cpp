@@ -7,7 +7,6 @@
 namespace {
 
 constexpr mode_t kFolderMode = 0775;
-constexpr size_t kWriteBuffer = 32768;
 
 void* FlushBody(void* /*unused*/) {
   flm::Os().Sync();
@@ -51,12 +50,7 @@ void* PCQDCFFSIO::CreateFileIO(const char* path) {
   const int descriptor = flm::OpenRegularFile(path, O_WRONLY | O_CREAT | O_TRUNC, nullptr);
   if (descriptor < 0) return nullptr;
   FILE* const file = flm::Os().Fdopen(descriptor, "w");
-  if (file == nullptr) {
-    flm::Os().Close(descriptor);
-    return nullptr;
-  }
-  // A print order is written block by block, and each write to a card is slow.
-  std::setvbuf(file, nullptr, _IOFBF, kWriteBuffer);
+  if (file == nullptr) flm::Os().Close(descriptor);
   return file;
 }
 

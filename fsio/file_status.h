@@ -24,6 +24,7 @@ class FileStatus {
   const struct stat& Value() { return status_; }  // after a Result of 0
   unsigned int ModifiedTime();                    // seconds since the epoch, cut to 32 bits, or 0
   bool IsProtected();  // the owner-write permission is clear; false when there is no status
+  bool IsRegularFile();
 
  private:
   const char* path_;

@@ -14,7 +14,7 @@ namespace {
 
 constexpr size_t kFreeCharacters = 4;  // in front of the number of a DCF name
 constexpr size_t kFirstBlock = 4096;
-constexpr size_t kLongestName = 255;
+constexpr size_t kLongName = 255;
 constexpr int32_t kDotEntries = 2;
 constexpr size_t kDigits = 4;
 constexpr size_t kNumbers = 10000;
@@ -105,11 +105,10 @@ bool FolderListing::ReadNames(const char* path) {
   return complete;
 }
 
-// Adds a name behind the others, with its length and the byte that tells its type in front. No file
-// system has names whose length does not fit into a byte.
+// Adds a name behind the others, with its length and the byte that tells its type in front. Some
+// file systems have names whose length does not fit into a byte: these have the largest one.
 bool FolderListing::Take(const char* name, bool mayBeLink) {
   const size_t length = std::strlen(name);
-  if (length > kLongestName) return false;
   if (namesUsed_ + kHead + length + 1 > namesSize_) {
     const size_t wanted = namesSize_ == 0 ? kFirstBlock : 2 * namesSize_;
     char* const grown = static_cast<char*>(std::realloc(names_, wanted));
@@ -117,7 +116,7 @@ bool FolderListing::Take(const char* name, bool mayBeLink) {
     names_ = grown;
     namesSize_ = wanted;
   }
-  names_[namesUsed_++] = static_cast<char>(length);
+  names_[namesUsed_++] = static_cast<char>(length < kLongName ? length : kLongName);
   names_[namesUsed_++] = mayBeLink ? kMayBeLink : kNoLink;
   std::memcpy(names_ + namesUsed_, name, length + 1);
   namesUsed_ += length + 1;
@@ -143,11 +142,16 @@ bool FolderListing::MakePlaces() {
   for (int i = 0; i < count_; ++i) {
     const char* const name = names_ + at;
     *(uniform_ && IsDotEntry(name) ? dots++ : others++) = at;
-    at += static_cast<unsigned char>(name[-static_cast<int>(kLengthAt)]) + 1 + kHead;
+    at += LengthOf(name) + 1 + kHead;
   }
   const bool swapped = uniform_ && dotEntries_ == kDotEntries && names_[places_[0] + 1] != '\0';
   if (swapped) std::swap(places_[0], places_[1]);
   return true;
+}
+
+uint32_t FolderListing::LengthOf(const char* name) {
+  const unsigned char kept = static_cast<unsigned char>(name[-static_cast<int>(kLengthAt)]);
+  return kept < kLongName ? kept : static_cast<uint32_t>(std::strlen(name));
 }
 
 bool FolderListing::Sort() {
@@ -166,14 +170,12 @@ void FolderListing::SortByName(uint32_t* from, uint32_t* to) const {
 // One pass by number, then the names of each number among themselves. False without memory.
 bool FolderListing::SortByNumber() {
   const size_t count = static_cast<size_t>(count_ - dotEntries_);
-  auto* const scratch =
-      static_cast<uint32_t*>(std::malloc((count + kNumbers + 1) * sizeof(uint32_t)));
+  auto* const scratch = static_cast<uint32_t*>(std::calloc(count + kNumbers + 1, sizeof(uint32_t)));
   if (scratch == nullptr) return false;
   uint32_t* const unsorted = scratch;
   uint32_t* const starts = scratch + count;  // where the names of each number begin
   uint32_t* const sorted = places_ + dotEntries_;
   std::memcpy(unsorted, sorted, count * sizeof(uint32_t));
-  std::memset(starts, 0, (kNumbers + 1) * sizeof(uint32_t));
   for (size_t i = 0; i < count; ++i) ++starts[NumberOf(names_ + unsorted[i]) + 1];
   for (size_t number = 0; number < kNumbers; ++number) starts[number + 1] += starts[number];
   for (size_t i = 0; i < count; ++i) sorted[starts[NumberOf(names_ + unsorted[i])]++] = unsorted[i];

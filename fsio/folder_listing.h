@@ -25,7 +25,7 @@ class FolderListing {
   int Count() const { return count_; }
   const char* Name(int i) const { return names_ + places_[i]; }
 
-  int Length(int i) const { return static_cast<unsigned char>(names_[places_[i] - kLengthAt]); }
+  int Length(int i) const { return static_cast<int>(LengthOf(Name(i))); }
 
   // Whether entry i is known to be neither a link nor a thing that could be one, so that a status
   // call by its name finds it.
@@ -39,6 +39,7 @@ class FolderListing {
   static constexpr char kMayBeLink = 0;
   static constexpr char kNoLink = 1;
 
+  static uint32_t LengthOf(const char* name);
   bool ReadNames(const char* path);
   bool Take(const char* name, bool mayBeLink);
   bool MakePlaces();
