@@ -81,18 +81,6 @@ bool StorePath(char* out) {
   return !path.Text("/filelistmanagement/preferences").Cut();
 }
 
-// Makes the folders above the file that are missing.
-void MakeFolders(const char* file) {
-  char path[kPathSize];
-  flm::CopyText(path, kPathSize, file);
-  for (char* slash = std::strchr(path + 1, '/'); slash != nullptr;
-       slash = std::strchr(slash + 1, '/')) {
-    *slash = '\0';
-    mkdir(path, kFolderMode);
-    *slash = '/';
-  }
-}
-
 bool ReadAll(int descriptor, char* text) {
   size_t length = 0;
   while (length < kTextSize - 1) {
@@ -180,6 +168,18 @@ bool FlushFolderOf(const char* file) {
   if (slash == nullptr) return Flush(".");
   slash[slash == path ? 1 : 0] = '\0';
   return Flush(path);
+}
+
+// Makes the folders above the file that are missing.
+void MakeFolders(const char* file) {
+  char path[kPathSize];
+  flm::CopyText(path, kPathSize, file);
+  for (char* slash = std::strchr(path + 1, '/'); slash != nullptr;
+       slash = std::strchr(slash + 1, '/')) {
+    *slash = '\0';
+    if (mkdir(path, kFolderMode) == 0) FlushFolderOf(path);
+    *slash = '/';
+  }
 }
 
 bool WriteNew(const char* path, const char* text) {
