@@ -5,6 +5,7 @@
 
 #include <cstdint>
 #include <cstring>
+#include <new>
 
 #include "api/CBIFileListManager.h"
 #include "base/fixed_sizes.h"
@@ -64,7 +65,11 @@ int flm_init() {
   if (initDone != 0) return kDone;
   // Before the lists exist: a first call that failed is never repeated.
   initDone = 1;
-  if (CBIFileListManager::Create(kListCount) != 0) return kNoList;
+  try {
+    if (CBIFileListManager::Create(kListCount) != 0) return kNoList;
+  } catch (const std::bad_alloc&) {
+    return kNoList;
+  }
   CBIFileListManager::SetURIToFileList(FILELIST_MMC, mmcRoot, kListType, false);
   CBIFileListManager::SetURIToFileList(FILELIST_SD0, sd0Root, kListType, false);
   lists[FILELIST_MMC] = CBIFileListManager::GetFileList(mmcRoot, kListType);

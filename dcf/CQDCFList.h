@@ -56,6 +56,7 @@ class CQDCFList {
   void Create();
   void Destroy();  // releases the table and the pool
   void FreeMem();  // releases the items of every directory; numbers stay
+  bool HasTable() const { return dirTable_ != nullptr; }
   int CreateMemManager();
   // At most 97 characters: 0; -1 for a longer root or null, and the earlier one stays.
   int SetBaseURI(const char* uri);

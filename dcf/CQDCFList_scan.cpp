@@ -126,6 +126,10 @@ bool CQDCFList::SortByTable(int used) {
 int CQDCFList::Listup(int stopAtFirst, bool withCamera) {
   if (dirTable_ == nullptr || !HasRoot()) return -1;
   CreateMemManager();
+  if (!memManager_.HasPool()) {
+    FreeAllDir();
+    return -1;
+  }
   CreateBaseDirectory();
   if (itemCount_ > 0) FreeAllDir();
   char tree[flm::kFolderPathSize];

@@ -95,9 +95,9 @@ int CQFileList::Listup(int stopAtFirst) {
   InitGetAt();
   if (catalogue_ == nullptr) {
     catalogue_ = new (std::nothrow) CQDCFList;
-    if (catalogue_ == nullptr) return -1;
-    catalogue_->Create();
+    if (catalogue_ == nullptr) return count_ = -1;
   }
+  if (!catalogue_->HasTable()) catalogue_->Create();
   // Derived lists may answer GetType themselves; the answer counts.
   catalogue_->SetMode(GetType());
   catalogue_->SetSeriesMode(seriesMode_);

@@ -136,9 +136,16 @@ bool Parse(const char* text, Values* values) {
   return std::strcmp(at, end) == 0;
 }
 
-void Load(const char* path, Values* values) {
+// False when there may be a store that the system does not let us read; a foreign file is no store.
+bool Load(const char* path, Values* values) {
   char text[kTextSize];
-  if (!ReadText(path, text) || !Parse(text, values)) values->count = 0;
+  errno = 0;
+  if (!ReadText(path, text)) {
+    values->count = 0;
+    return errno == 0 || errno == ENOENT || errno == ENOTDIR;
+  }
+  if (!Parse(text, values)) values->count = 0;
+  return true;
 }
 
 bool WriteText(int descriptor, const char* text) {
@@ -235,7 +242,7 @@ int pref_set_long(int category, int key, long value) {
   char text[kTextSize];
   if (!StorePath(path)) return -1;
   Values values;
-  Load(path, &values);
+  if (!Load(path, &values)) return -1;
   Value* entry = values.Find(category, key);
   if (entry == nullptr) {
     if (values.count == kMaxValues) return -1;
