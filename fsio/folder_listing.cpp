@@ -133,8 +133,7 @@ bool FolderListing::Take(const char* name, bool mayBeLink) {
 // The places in the order of reading, with the dot entries in front when every name is uniform:
 // then these are the first in order, "." before "..".
 bool FolderListing::MakePlaces() {
-  places_ =
-      static_cast<uint32_t*>(std::malloc((static_cast<size_t>(count_) + 1) * sizeof(uint32_t)));
+  places_ = static_cast<uint32_t*>(std::calloc(static_cast<size_t>(count_) + 1, sizeof(uint32_t)));
   if (places_ == nullptr) return false;
   uint32_t* dots = places_;
   uint32_t* others = uniform_ ? places_ + dotEntries_ : places_;
