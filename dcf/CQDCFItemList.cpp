@@ -76,8 +76,9 @@ DCFItem* CQDCFItemList::AddTail() {
 void CQDCFItemList::KeepRoom() {
   const int holes = index_.Used() - index_.Count();
   if (count_ <= kWalkedItems || count_ + holes <= index_.Room()) return;
-  constexpr int kGrowth = 8;  // by an eighth
-  ReserveIndex(count_ + count_ / kGrowth + kWalkedItems, byName_);
+  constexpr int kGrowth = 8;  // by an eighth, and by no less than this
+  constexpr int kLeast = 32;
+  ReserveIndex(count_ + count_ / kGrowth + kLeast, byName_);
 }
 
 void CQDCFItemList::ReserveIndex(int items, bool byName) {

@@ -100,7 +100,7 @@ class CQDCFItemList {
   }
 
  private:
-  static constexpr int kWalkedItems = 32;  // up to so many nodes a walk is as fast as an index
+  static constexpr int kWalkedItems = 64;  // up to so many nodes a walk is as fast as an index
 
   template <typename Matches>
   DCFItem* FirstWalked(Matches matches) const {

@@ -51,7 +51,7 @@ class RandomDir {
 
   void Run(int steps) {
     for (int step = 0; step < steps && !testing::Test::HasFailure(); ++step) {
-      if (step % 40 == 0) aim_ = choice_.From(std::vector<int>{31, 32, 33, 34, 60, 150, 300});
+      if (step % 40 == 0) aim_ = choice_.From(std::vector<int>{31, 34, 63, 64, 65, 66, 150, 300});
       Change();
       Compare(step);
     }

@@ -339,12 +339,12 @@ TEST(ListReference, HundredsOfFilesInFewFoldersAreFoundAsByPlainWalks) {
     SCOPED_TRACE("seed " + std::to_string(seed));
     const Names folders = {"CAMERA", "100ABCDE", "100PHOXX", "100PHOTO", "101PHOTO", "999PHOTO"};
     RandomCatalogue catalogue(seed, folders);
-    catalogue.Fill("CAMERA", 45);
-    catalogue.Fill("100ABCDE", 40);
-    catalogue.Fill("100PHOXX", 33);
+    catalogue.Fill("CAMERA", 70);
+    catalogue.Fill("100ABCDE", 80);
+    catalogue.Fill("100PHOXX", 65);
     catalogue.Fill("100PHOTO", 180);
     catalogue.Fill("101PHOTO", 5);
-    catalogue.Fill("999PHOTO", 32);
+    catalogue.Fill("999PHOTO", 64);
     catalogue.Run(60);
   }
 }

@@ -107,12 +107,12 @@ TEST(OddUse, AnItemTakenOutThroughAnotherListLeavesACountThatIsRepaired) {
   other.AddTail();
   DCFItem* const strange = other.AddTail();
   other.AddTail();
-  for (const int nodes : {33, 72, 110, 156, 200}) {
+  for (const int nodes : {65, 72, 110, 156, 200}) {
     CQDCFItemList list;
     list.SetMemMgr(&pool);
     for (int i = 0; i < nodes; ++i) list.AddTail();
     ASSERT_EQ(nodes, list.UpdateCount());
-    if (nodes == 33) {
+    if (nodes == 65) {
       ASSERT_EQ(0, list.DeleteItemAt(strange));
       ASSERT_EQ(nodes - 1, list.GetCount());
     }
