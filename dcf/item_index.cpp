@@ -114,7 +114,6 @@ void ItemIndex::Release() {
 void ItemIndex::Clear() {
   used_ = 0;
   count_ = 0;
-  allFlags_ = 0;
   nameLengths_ = 0;
   lastTaken_ = nullptr;
   std::memset(bitCounts_, 0, sizeof(bitCounts_));
@@ -138,7 +137,6 @@ void ItemIndex::Append(DCFItem* item) {
   offsets_[used_] =
       static_cast<int32_t>(reinterpret_cast<char*>(item) - reinterpret_cast<char*>(base_));
   blocks_[used_ >> kBlockShift] = static_cast<ItemFlags>(blocks_[used_ >> kBlockShift] | flags);
-  allFlags_ = static_cast<ItemFlags>(allFlags_ | flags);
   CountBits(flags, 1);
   numbers_.Add(BucketOfNumber(item->fileNumber), used_);
   addresses_.Add(BucketOfAddress(offsets_[used_]), used_);
@@ -192,7 +190,6 @@ void ItemIndex::Changed(const DCFItem* item, int numberBefore, ItemFlags flagsBe
   }
   ItemFlags& block = blocks_[sequence >> kBlockShift];
   block = static_cast<ItemFlags>(block | flags);
-  allFlags_ = static_cast<ItemFlags>(allFlags_ | flags);
   CountBits(flagsBefore, -1);
   CountBits(flags, 1);
 }

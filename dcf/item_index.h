@@ -79,7 +79,6 @@ class ItemIndex {
   // ends).
   int NextWith(int sequence, ItemFlags flags);
   int PreviousWith(int sequence, ItemFlags flags) const;
-  bool MayHold(ItemFlags flags) const { return (allFlags_ & flags) != 0; }
 
   DCFItem* At(int sequence) const;
   int Used() const { return used_; }
@@ -129,7 +128,6 @@ class ItemIndex {
   int32_t buckets_ = 0;
   int32_t used_ = 0;
   int32_t count_ = 0;
-  ItemFlags allFlags_ = 0;
   uint16_t bitCounts_[kItemBitFlags] = {};
 };
 

@@ -24,6 +24,8 @@ constexpr char kIndexHead[] = "\r\nPRT TYP=IDX\r\nPRT QTY=001>\r\nIMG FMT=EXIF2 
 constexpr char kSourceStart[] = "<IMG SRC=\"../";
 constexpr char kSourceEnd[] = "\">\r\n";
 constexpr int kBlockSize = 512;
+// Each write to a card takes its time, however little it writes.
+constexpr size_t kGatheredSize = 32 * 1024;
 constexpr int kThreeDigits = 3;
 constexpr int kOnePrint = 1;
 
@@ -69,7 +71,10 @@ int CQDPOF::SaveDPOFInfo(const char* path, CQDCFList* catalogue, const char* cre
   if (path == nullptr || catalogue == nullptr) return -1;
   void* const file = PCQDCFFSIO::CreateFileIO(path);
   if (file == nullptr) return -1;
+  std::unique_ptr<char[]> gathered;
   if (fileCount != 0) {
+    gathered.reset(new (std::nothrow) char[kGatheredSize]);
+    PCQDCFFSIO::GatherIn(file, gathered.get(), kGatheredSize);
     jobCount_ = 0;
     MakeHeader(file, creator, fileCount);
     MakeStandard(file, catalogue, fileCount);

@@ -7,6 +7,7 @@
 #ifndef FILELISTMANAGEMENT_FSIO_PCQDCFFSIO_H
 #define FILELISTMANAGEMENT_FSIO_PCQDCFFSIO_H
 
+#include <cstddef>
 #include <cstdint>
 
 #include "base/fixed_sizes.h"
@@ -93,6 +94,9 @@ class PCQDCFFSIO {
   static int MakeDirectory(const char* path);
   // Opens a file for writing, made or emptied; null for a failure or anything but a regular file.
   static void* CreateFileIO(const char* path);
+  // Gathers what is written in a buffer of the caller's, which lives until the file is closed;
+  // before the first write. Without it the file takes a small one of its own.
+  static void GatherIn(void* handle, char* buffer, size_t size);
   // Writes *len bytes of buf, stores the number written in *len and returns it. Null: -1.
   static int Write(void* handle, const char* buf, int* len);
   // Closes the file. 0, or the failure of closing it; -1 for null.

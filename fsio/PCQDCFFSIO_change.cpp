@@ -1,6 +1,8 @@
 // What changes the card: removal, folders, writing a file.
 #include <fcntl.h>
 
+#include <cstdio>
+
 #include "fsio/PCQDCFFSIO.h"
 #include "fsio/os_calls.h"
 
@@ -52,6 +54,11 @@ void* PCQDCFFSIO::CreateFileIO(const char* path) {
   FILE* const file = flm::Os().Fdopen(descriptor, "w");
   if (file == nullptr) flm::Os().Close(descriptor);
   return file;
+}
+
+void PCQDCFFSIO::GatherIn(void* handle, char* buffer, size_t size) {
+  if (handle == nullptr || buffer == nullptr) return;
+  std::setvbuf(static_cast<FILE*>(handle), buffer, _IOFBF, size);
 }
 
 int PCQDCFFSIO::Write(void* handle, const char* buf, int* len) {

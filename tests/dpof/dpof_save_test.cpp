@@ -274,6 +274,25 @@ TEST_F(SavedPrintOrder, NoDescriptorIsLost) {
   EXPECT_EQ(before, flm_test::FdCount());
 }
 
+TEST_F(SavedPrintOrder, AnOrderOfManyJobsIsWhole) {
+  constexpr int kPictures = 1200;
+  card_.MakeFiles("DCIM/100PHOTO", "ABCD", 1, kPictures, "JPG");
+  ASSERT_EQ(kPictures, With({}));
+  catalogue_.SetCustomInfoAll(kCopiesByte, 1);
+  std::string expected = "[HDR]\r\nGEN REV=01.10\r\nGEN CRT=\"CAM\"\r\n\r\n";
+  for (int number = 1; number <= kPictures; ++number) {
+    const std::string digits = std::to_string(number);
+    const std::string job =
+        digits.size() < 3 ? std::string(3 - digits.size(), '0') + digits : digits;
+    const std::string file = std::string(4 - digits.size(), '0') + digits;
+    expected += "[JOB]\r\nPRT PID=" + job +
+                "\r\nPRT TYP=STD\r\nPRT QTY=001\r\nIMG FMT=EXIF2 -J\r\n"
+                "<IMG SRC=\"../DCIM/100PHOTO/ABCD" +
+                file + ".JPG\">\r\n";
+  }
+  EXPECT_EQ(expected, Saved());
+}
+
 TEST_F(SavedPrintOrder, NullArgumentsAreRefused) {
   ASSERT_EQ(1, With({"DCIM/100PHOTO/ABCD0001.JPG"}));
   EXPECT_EQ(-1, dpof_.SaveDPOFInfo(nullptr, &catalogue_, "CAM", 1));
