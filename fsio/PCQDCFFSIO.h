@@ -92,7 +92,8 @@ class PCQDCFFSIO {
   static int RemoveFile(const char* path, bool syncAfter);
   // Makes a folder with mode 0775 whatever the umask, and flushes when that worked. 0 or -1.
   static int MakeDirectory(const char* path);
-  // Opens a file for writing, made or emptied; null for a failure or anything but a regular file.
+  // Opens a file for writing, made or emptied; null for a failure, a link, or anything
+  // but a regular file.
   static void* CreateFileIO(const char* path);
   // Gathers what is written in a buffer of the caller's, which lives until the file is closed;
   // before the first write. Without it the file takes a small one of its own.

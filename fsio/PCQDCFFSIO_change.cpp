@@ -49,7 +49,9 @@ int PCQDCFFSIO::MakeDirectory(const char* path) {
 
 void* PCQDCFFSIO::CreateFileIO(const char* path) {
   if (path == nullptr) return nullptr;
-  const int descriptor = flm::OpenRegularFile(path, O_WRONLY | O_CREAT | O_TRUNC, nullptr);
+  // A link would lead the writing to a file that nobody named.
+  const int descriptor =
+      flm::OpenRegularFile(path, O_WRONLY | O_CREAT | O_TRUNC | O_NOFOLLOW, nullptr);
   if (descriptor < 0) return nullptr;
   FILE* const file = flm::Os().Fdopen(descriptor, "w");
   if (file == nullptr) flm::Os().Close(descriptor);

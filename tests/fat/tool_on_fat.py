@@ -53,9 +53,32 @@ class ToolOnFat(ToolTest):
                              ["protected card/DCIM/100PHOTO/QVX_0001.JPG"])
         else:
             self.assertEqual(self.complaint("protect", "card", "0"),
-                             "cannot protect card/DCIM/100PHOTO/QVX_0001.JPG")
+                             f"card/DCIM/100PHOTO/QVX_0001.JPG is not protected: {self.trouble()}")
         files = self.json("ls", "--json", "card")
         self.assertEqual([file["protected"] for file in files], [OWNER_WRITE_IS_PROTECTION, False])
+
+    def trouble(self):
+        return ("the card is mounted so that its files can be neither protected nor unprotected "
+                f"(vfat with fmask={MASK:04o}; fmask=0022 lets them be)")
+
+    def test_a_mount_without_protection_is_found_before(self):
+        self.make_pictures("100PHOTO", 1)
+        before = self.snapshot()
+        found = self.json("check", "card", "--json", expect=None)["findings"]
+        expected = [{"kind": "protection", "path": "card/DCIM", "reason": self.trouble()}]
+        self.assertEqual(found, [] if OWNER_WRITE_IS_PROTECTION else expected)
+        self.assertEqual(self.snapshot(), before)
+
+    def test_a_file_that_stays_protected_is_told(self):
+        self.make_pictures("100PHOTO", 1)
+        picture = self.root / "DCIM/100PHOTO/QVX_0001.JPG"
+        picture.chmod(0o555 & ~MASK)
+        if OWNER_WRITE_IS_PROTECTION:
+            self.assertEqual(self.lines("unprotect", "card", "0"),
+                             ["unprotected card/DCIM/100PHOTO/QVX_0001.JPG"])
+        else:
+            self.assertEqual(self.complaint("unprotect", "card", "0"),
+                             f"card/DCIM/100PHOTO/QVX_0001.JPG is still protected: {self.trouble()}")
 
     def test_unprotect_gives_the_permission_back(self):
         self.make_pictures("100PHOTO", 1)
@@ -122,7 +145,8 @@ class ToolOnFat(ToolTest):
     def test_a_sample_card_has_nothing_to_report(self):
         self.run_tool("mkcard", "card", "--files", "40", "--dirs", "3", "--companions", "--camera",
                       "--movies")
-        self.assertEqual(self.json("check", "card", "--json")["findings"], [])
+        found = self.json("check", "card", "--json", expect=None)["findings"]
+        self.assertEqual([one for one in found if one["kind"] != "protection"], [])
         self.assertEqual(self.lines("count", "card"), ["45"])
 
     def test_everything_goes(self):

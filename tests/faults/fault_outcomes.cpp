@@ -115,6 +115,7 @@ Complaint JudgeDeletion(const Aftermath& after) {
   return "";
 }
 
+// A card that gives no status of a protected file does not say that it is protected.
 Complaint JudgeRefusedDeletion(const Aftermath& after) {
   const int result = after.world.record.Last();
   const bool hidden = HasFailed(after, Call::kStat);
@@ -177,6 +178,7 @@ Complaint JudgeSave(const Aftermath& after) {
   return whole ? "" : "SaveDPOFInfo answers 0 and the order is not whole";
 }
 
+// A read that fails ends the order where it stands, as the end of the file does.
 Complaint JudgeLoad(const Aftermath& after) {
   const int result = after.world.record.Last();
   if (!IsOneOf(result, {0, -1, -2})) return Odd("LoadDPOFInfo", result);

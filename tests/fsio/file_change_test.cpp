@@ -369,6 +369,16 @@ TEST_F(WritingAFile, APipeIsRefusedWithoutWaiting) {
   EXPECT_EQ(nullptr, PCQDCFFSIO::CreateFileIO(At("pipe")));
 }
 
+TEST_F(WritingAFile, ALinkIsRefusedAndItsTargetStays) {
+  card_.MakeFile("f", "content");
+  ASSERT_EQ(0, symlink("f", At("link")));
+  ASSERT_EQ(0, symlink("missing", At("dead")));
+  EXPECT_EQ(nullptr, PCQDCFFSIO::CreateFileIO(At("link")));
+  EXPECT_EQ(nullptr, PCQDCFFSIO::CreateFileIO(At("dead")));
+  EXPECT_EQ("content", card_.ReadFile("f"));
+  EXPECT_FALSE(card_.Exists("missing"));
+}
+
 TEST_F(WritingAFile, AFailureLosesNoDescriptor) {
   const int before = flm_test::FdCount();
   flm::Os().Fdopen = [](int, const char*) -> FILE* { return nullptr; };

@@ -3,6 +3,7 @@
 #include <unistd.h>
 
 #include <CLI/CLI.hpp>
+#include <set>
 
 #include "commands.h"
 #include "failure.h"
@@ -50,6 +51,17 @@ std::vector<Entry> BulkTargets(Card& card, const BulkOptions& options) {
   std::vector<Entry> targets;
   for (const int index : SelectMany(card, options.files)) targets.push_back(ReadEntry(card, index));
   return targets;
+}
+
+void RequireOnCard(const Card& card, const std::vector<Entry>& targets, Links links) {
+  std::set<std::string> folders;
+  for (const Entry& entry : targets) {
+    const std::string folder = FolderOf(entry.Path());
+    if (folders.insert(folder).second) card.RequireOnCard(folder);
+    if (links == Links::kThemselves) continue;
+    card.RequireOnCard(entry.Path());
+    for (const std::string& companion : entry.companions) card.RequireOnCard(companion);
+  }
 }
 
 void Confirm(const BulkOptions& options, const std::string& act, size_t files) {

@@ -32,6 +32,12 @@ void BeginBulk(const BulkOptions& options);
 // The files that the options name, in list order.
 std::vector<Entry> BulkTargets(Card& card, const BulkOptions& options);
 
+// Whether an operation acts on a link itself, as removal does, or on what it leads to.
+enum class Links { kThemselves, kFollowed };
+
+// Throws Failure when a change of these files would reach out of the card.
+void RequireOnCard(const Card& card, const std::vector<Entry>& targets, Links links);
+
 // Asks on the terminal before more than one file is changed, unless the options say yes already.
 // `act` is a verb, as in "remove 3 files?". Throws Failure when the answer is no or nobody can be
 // asked, or when Ctrl-C came while the card was read.

@@ -88,6 +88,11 @@ bool Exists(const std::string& path) {
   return lstat(path.c_str(), &status) == 0;
 }
 
+bool IsLink(const std::string& path) {
+  struct stat status;
+  return lstat(path.c_str(), &status) == 0 && S_ISLNK(status.st_mode);
+}
+
 bool IsFolder(const std::string& path) {
   struct stat status;
   return stat(path.c_str(), &status) == 0 && S_ISDIR(status.st_mode);
@@ -115,6 +120,18 @@ void Card::Enter(Access access) {
     throw Failure(std::string("no ") + kStillTree + " folder in " + shown);
   }
   if (hadTree_) RequireReadableFolder(kStillTree, Shown(std::string("./") + kStillTree));
+  if (access == Access::kLook) return;
+  for (const char* const folder : {kStillTree, kMiscFolder}) {
+    RequireOnCard(std::string("./") + folder);
+  }
+}
+
+void Card::RequireOnCard(const std::string& libraryPath) const {
+  char real[PATH_MAX];
+  if (realpath(libraryPath.c_str(), real) == nullptr) return;
+  std::string rest;
+  if (inside_ == real || Below(inside_, real, &rest)) return;
+  throw Failure(Shown(libraryPath) + " leads out of the card, and nothing is changed there");
 }
 
 void Card::RequireReadable() const {
@@ -122,9 +139,8 @@ void Card::RequireReadable() const {
     throw Failure(WithReason("cannot read " + Shown(folder.path), folder.error));
   }
   const std::string order = PrintOrderPath();
-  if (HasPrintOrder() && access(order.c_str(), R_OK) != 0) {
-    throw Failure(WithReason("cannot read " + Shown(order), errno));
-  }
+  const int error = HasPrintOrder() ? PrintOrderError() : 0;
+  if (error != 0) throw Failure(WithReason("cannot read " + Shown(order), error));
 }
 
 void Card::Scan(const CardOptions& options, Access access) {

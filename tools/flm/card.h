@@ -54,6 +54,10 @@ class Card {
   // list does not know of would be numbered over or dropped.
   void RequireReadable() const;
 
+  // Throws Failure when a file or folder of the card is, or lies behind, a link that leads out of
+  // it. One that is not there leads nowhere.
+  void RequireOnCard(const std::string& libraryPath) const;
+
   // Removes the folders of the card that this process made and that are still empty.
   void RemoveNewEmptyFolders() const;
 
@@ -72,6 +76,7 @@ class Card {
 // Whether anything, of whatever kind, has this name.
 bool Exists(const std::string& path);
 bool IsFolder(const std::string& path);
+bool IsLink(const std::string& path);
 
 // A text as the library's operations take it; valid while the string lives and is not changed.
 inline char* Arg(std::string& text) { return text.data(); }

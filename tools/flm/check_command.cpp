@@ -5,6 +5,7 @@
 #include <nlohmann/json.hpp>
 
 #include "base/fixed_sizes.h"
+#include "card_mount.h"
 #include "commands.h"
 #include "dcf/dcf_name.h"
 #include "entries.h"
@@ -55,6 +56,11 @@ void CheckRoom(const Room& room, Findings& findings) {
   }
 }
 
+void CheckMount(Findings& findings) {
+  const std::string trouble = ProtectionTroubleAt("./DCIM");
+  if (!trouble.empty()) findings.push_back({kProtection, "./DCIM", trouble});
+}
+
 nlohmann::ordered_json ToJson(const Card& card, const Findings& findings, const Room& room) {
   nlohmann::ordered_json value;
   value["findings"] = nlohmann::ordered_json::array();
@@ -87,6 +93,7 @@ int RunCheck(const CheckOptions& options) {
   Findings findings;
   CheckFolders(findings);
   CheckPrintOrder(ReadPaths(card), findings);
+  CheckMount(findings);
   const Room room = RoomOf(card);
   CheckRoom(room, findings);
   if (options.json) {

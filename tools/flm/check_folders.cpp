@@ -134,19 +134,21 @@ class FolderCheck {
             ": companions join the first of them");
   }
 
+  // Each folder against the first one before it: a card may hold any number of them.
   void CompareFolders() {
-    for (size_t i = 0; i < folders_.size(); ++i) {
-      for (size_t j = i + 1; j < folders_.size(); ++j) ComparePair(folders_[i], folders_[j]);
-    }
-  }
-
-  void ComparePair(const Folder& a, const Folder& b) {
-    if (a.name.substr(0, kComparedCharacters) == b.name.substr(0, kComparedCharacters)) {
-      Add(kAlikeFolders, b.path,
-          "its name begins as that of " + BaseName(a.path) +
-              ": files of one are looked up in the other");
-    } else if (a.number == b.number) {
-      Add(kEqualFolders, b.path, "it has the number of " + BaseName(a.path));
+    std::map<std::string, std::string> firstAlike;
+    std::map<int, std::string> firstOfNumber;
+    for (const Folder& folder : folders_) {
+      const std::string name = BaseName(folder.path);
+      const auto alike = firstAlike.emplace(folder.name.substr(0, kComparedCharacters), name);
+      const auto equal = firstOfNumber.emplace(folder.number, name);
+      if (!alike.second) {
+        Add(kAlikeFolders, folder.path,
+            "its name begins as that of " + alike.first->second +
+                ": files of one are looked up in the other");
+      } else if (!equal.second) {
+        Add(kEqualFolders, folder.path, "it has the number of " + equal.first->second);
+      }
     }
   }
 

@@ -1,16 +1,14 @@
 // The check of the print order, read by the library's own rules: which of its lines have no effect.
 #include <sys/stat.h>
-#include <unistd.h>
 
 #include <algorithm>
-#include <cerrno>
-#include <fstream>
 #include <set>
 
 #include "dcf/dcf_name.h"
 #include "dpof/dpof_types.h"
 #include "failure.h"
 #include "findings.h"
+#include "order_lines.h"
 #include "print_order.h"
 #include "text.h"
 #include "unreadable.h"
@@ -18,8 +16,7 @@
 namespace flm::tool {
 namespace {
 
-constexpr size_t kLongestLine = 2046;  // with its end; a longer one ends the reading
-constexpr size_t kUpwards = 3;         // the "../" in front of every source
+constexpr size_t kUpwards = 3;  // the "../" in front of every source
 constexpr size_t kKeyLength = 7;
 constexpr size_t kQuantityDigits = 2;  // of the highest quantity, 99
 
@@ -31,19 +28,16 @@ class OrderCheck {
   }
 
   void Run() {
-    std::ifstream file(PrintOrderPath(), std::ios::binary);
-    while (std::getline(file, line_)) {
-      ++number_;
-      if (file.eof()) {
-        AddDropped("the last line has no line end and is passed over");
-        return;
-      }
-      if (line_.size() + 1 > kLongestLine) {
-        AddDropped("the line is too long, and the reading ends here");
-        return;
-      }
-      if (!line_.empty() && line_.back() == '\r') line_.pop_back();
+    OrderLines lines(PrintOrderPath());
+    OrderLine found = lines.Next(line_);
+    for (number_ = 1; found == OrderLine::kWhole; ++number_) {
       CheckLine();
+      found = lines.Next(line_);
+    }
+    if (found == OrderLine::kUnfinished) {
+      AddDropped("the last line has no line end and is passed over");
+    } else if (found == OrderLine::kTooLong) {
+      AddDropped("the line is too long, and the reading ends here");
     }
   }
 
@@ -175,8 +169,8 @@ bool IsRegularFile(const std::string& path) {
 }
 
 void CheckOrderFile(const std::vector<std::string>& paths, Findings& findings) {
-  if (access(PrintOrderPath().c_str(), R_OK) != 0) {
-    findings.push_back({kPrintOrder, PrintOrderPath(), WithReason("cannot be read", errno)});
+  if (const int error = PrintOrderError(); error != 0) {
+    findings.push_back({kPrintOrder, PrintOrderPath(), WithReason("cannot be read", error)});
     return;
   }
   OrderCheck(paths, findings).Run();

@@ -26,6 +26,7 @@ constexpr char kEqualFolders[] = "equal-folders";  // folders of one number
 constexpr char kAlikeFolders[] = "alike-folders";  // folders that lookups take for one another
 constexpr char kUnreadable[] = "unreadable";       // a folder that cannot be opened
 constexpr char kPrintOrder[] = "print-order";      // an entry of the print order without effect
+constexpr char kProtection[] = "protection";       // the mount lets no file be protected
 constexpr char kLimit[] = "limit";                 // the end of the numbers or of the list is near
 
 // Folders and files below DCIM.

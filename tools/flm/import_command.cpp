@@ -48,6 +48,7 @@ void ImportOne(Card& card, const std::string& given, bool series) {
     GiveUp(card, name);
     throw;
   }
+  WarnUnlessKept(name);
   PrintLine(card.Shown(name.path));
 }
 

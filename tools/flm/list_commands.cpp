@@ -25,10 +25,11 @@ struct ListOptions {
 };
 
 int ListPaths(Card& card, bool nul) {
+  const bool raw = nul && isatty(STDOUT_FILENO) == 0;
   std::string line;
   ForEachPath(card, [&](const char* path) {
     card.UserPathInto(path, line);
-    if (!nul) MakePrintable(line);
+    if (!raw) MakePrintable(line);
     line += nul ? '\0' : '\n';
     Print(line);
   });
@@ -100,7 +101,7 @@ void AddListCommands(CLI::App& app, Action& action) {
   json->excludes(exact);
   paths->excludes(exact)->excludes(json);
   list.add_flag("-0,--null", options->nul,
-                "With --paths: end each path with a NUL, and write it raw")
+                "With --paths: end each path with a NUL, and write it raw (not to a terminal)")
       ->needs(paths);
   AddNonDcf(list, options->card.nonDcf);
   list.callback([options, &action] { action = [options] { return RunList(*options); }; });

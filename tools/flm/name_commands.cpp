@@ -37,7 +37,9 @@ int RunNew(const NameOptions& options) {
   Card card(options.naming.card, Access::kRecord);
   ApplyNaming(card, options.naming);
   try {
-    PrintLine(card.Shown(ReserveName(card, kind, options.naming.series).path));
+    const NewName name = ReserveName(card, kind, options.naming.series);
+    WarnUnlessKept(name);
+    PrintLine(card.Shown(name.path));
   } catch (const Failure&) {
     card.RemoveNewEmptyFolders();
     throw;

@@ -25,6 +25,7 @@ void RequireFolder(const Card& card, const std::string& folder) {
     if (IsFolder(path) || mkdir(path.c_str(), kFolderMode) == 0) continue;
     throw Failure(WithReason("cannot make the folder " + card.Shown(path), errno));
   }
+  card.RequireOnCard(folder);
 }
 
 FileNumber NumberOf(const std::string& path) {
@@ -83,6 +84,8 @@ void RequireRoom(Card& card) {
 void RequireFree(const Card& card, const std::string& path) {
   if (Exists(path)) throw Failure(card.Shown(path) + " is the next name, but it is there already");
 }
+
+void WarnUnlessKept(const NewName& name) { WarnUnlessStored(NumberOf(name.path)); }
 
 NewName ReserveName(Card& card, const Kind& kind, bool series) {
   RequireRoom(card);

@@ -51,6 +51,10 @@ struct NewName {
 // preference store. Throws Failure, and no new folder is left then.
 NewName ReserveName(Card& card, const Kind& kind, bool series);
 
+// Says on standard error, once in a command, when the preference store does not hold the number of
+// a name that was given out.
+void WarnUnlessKept(const NewName& name);
+
 // Throws Failure unless one more file may be named.
 void RequireRoom(Card& card);
 

@@ -2,11 +2,14 @@
 // in the middle of a change to the card.
 #include "output.h"
 
+#include <unistd.h>
+
 #include <cerrno>
 #include <cstdio>
 #include <nlohmann/json.hpp>
 
 #include "failure.h"
+#include "text.h"
 
 namespace flm::tool {
 namespace {
@@ -24,12 +27,13 @@ void PrintLine(const std::string& text) { Print(text + "\n"); }
 
 void PrintJson(const nlohmann::ordered_json& value) {
   constexpr int kIndent = 2;
-  PrintLine(value.dump(kIndent));
+  // A terminal gets ASCII alone: a name may hold characters beyond it that a terminal obeys.
+  PrintLine(value.dump(kIndent, ' ', isatty(STDOUT_FILENO) != 0));
 }
 
 void Complain(const std::string& message) {
   std::fflush(stdout);  // Keeps the two streams in order when they end up in one place.
-  const std::string line = "flm: " + message + "\n";
+  const std::string line = "flm: " + Printable(message) + "\n";
   std::fwrite(line.data(), 1, line.size(), stderr);
 }
 

@@ -99,14 +99,21 @@ int RunMark(const PrintOptions& options, Setter setter) {
   BulkOptions bulk;
   bulk.all = options.all;
   bulk.files = options.files;
+  int status = kStatusDone;
   for (Entry& entry : BulkTargets(card, bulk)) {
     if (options.all && !EndsInJpg(entry.item.filePath)) continue;
+    if (options.all && options.value != 0 && !CanBeOrdered(entry.Path())) {
+      Complain(card.Shown(entry.Path()) +
+               " is left out: no line of a print order can hold its name");
+      status = kStatusFailed;
+      continue;
+    }
     if ((card.List().*setter)(&entry.item, options.value) < 0) {
       throw Failure(card.Shown(entry.Path()) + " cannot be printed: it is no JPG");
     }
   }
   Save(card, options);
-  return kStatusDone;
+  return status;
 }
 
 int RunIndex(const PrintOptions& options) {

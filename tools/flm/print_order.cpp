@@ -2,12 +2,13 @@
 
 #include <fcntl.h>
 #include <sys/stat.h>
+#include <sys/statvfs.h>
 #include <unistd.h>
 
 #include <algorithm>
+#include <array>
 #include <cerrno>
 #include <cstdio>
-#include <fstream>
 
 #include "copy_file.h"
 #include "dcf/dcf_name.h"
@@ -15,6 +16,7 @@
 #include "entries.h"
 #include "failure.h"
 #include "findings.h"
+#include "order_lines.h"
 #include "output.h"
 #include "text.h"
 
@@ -35,7 +37,35 @@ bool SameMarks(const Entry& wanted, const Entry& found) {
          wanted.item.dpofSize == found.item.dpofSize;
 }
 
-// The new order's marks must be exactly those that were written.
+bool HasMarks(const Entry& entry) {
+  const CQFileListItem& item = entry.item;
+  return item.dpofCopies > 0 || item.dpofSize > 0 ||
+         (item.dpofIndex != 0 && EndsInJpg(item.filePath));
+}
+
+// Bytes that end a line or the quotes around a name, and all that terminals act upon.
+bool BreaksLines(const std::string& text) {
+  return std::any_of(text.begin(), text.end(), [](char c) {
+    const auto byte = static_cast<unsigned char>(c);
+    return c == '"' || byte < 0x20 || byte == 0x7F;
+  });
+}
+
+void RequireOrderable(const Card& card, const std::vector<Entry>& entries) {
+  for (const Entry& entry : entries) {
+    if (!HasMarks(entry) || CanBeOrdered(entry.Path())) continue;
+    throw Failure(card.Shown(entry.Path()) +
+                  " cannot be ordered: no line of a print order can hold its name");
+  }
+}
+
+bool IsCardFull() {
+  struct statvfs status;
+  return statvfs(".", &status) == 0 && status.f_bavail == 0;
+}
+
+// The new order's marks must be exactly those that were written. Its lines are not looked at while
+// they are written, so a card that fills up shows only here.
 void Verify(Card& card, const std::vector<Entry>& wanted) {
   ClearPrintMarks(card);
   std::string path = NewPrintOrderPath();
@@ -44,7 +74,8 @@ void Verify(Card& card, const std::vector<Entry>& wanted) {
   const std::vector<Entry> found = ReadEntries(card);
   for (size_t i = 0; i < wanted.size(); ++i) {
     if (i < found.size() && SameMarks(wanted[i], found[i])) continue;
-    throw Failure("the print order was not written whole: " + card.Shown(wanted[i].Path()) +
+    if (IsCardFull()) throw Failure("the new print order is cut: the card is full");
+    throw Failure("the new print order is cut: " + card.Shown(wanted[i].Path()) +
                   " lacks its marks");
   }
 }
@@ -79,16 +110,38 @@ bool HasPrintOrder() {
          status.st_size > 0;
 }
 
+int PrintOrderError() {
+  const Descriptor order(
+      open(PrintOrderPath().c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY));
+  if (!order.IsOpen()) return errno;
+  std::array<char, 4096> block;
+  int line = 0;  // bytes since the last line end
+  // The list reads no further than a line that is too long.
+  while (line < kOrderLineSize) {
+    const ssize_t got = read(order.Number(), block.data(), block.size());
+    if (got == 0) return 0;
+    if (got < 0 && errno != EINTR) return errno;
+    for (ssize_t i = 0; i < got && line < kOrderLineSize; ++i)
+      line = block[i] == '\n' ? 0 : line + 1;
+  }
+  return 0;
+}
+
+bool CanBeOrdered(const std::string& path) { return !BreaksLines(path); }
+
+void RequireOrderable(Card& card) { RequireOrderable(card, ReadEntries(card)); }
+
 std::string PrintOrderCreator() {
   if (!HasPrintOrder()) return "";
-  std::ifstream file(PrintOrderPath(), std::ios::binary);
+  OrderLines lines(PrintOrderPath());
   std::string line;
-  while (std::getline(file, line)) {
+  while (lines.Next(line) == OrderLine::kWhole) {
     if (!StartsWith(line, kCreatorKey)) continue;
     const size_t first = line.find('"');
     const size_t second = first == std::string::npos ? first : line.find('"', first + 1);
     if (second == std::string::npos) return "";
-    return line.substr(first + 1, std::min(second - first - 1, kMaxCreator));
+    const std::string name = line.substr(first + 1, std::min(second - first - 1, kMaxCreator));
+    return CreatorError(name).empty() ? name : "";
   }
   return "";
 }
@@ -108,7 +161,10 @@ void ClearPrintMarks(Card& card) {
 
 void SavePrintOrder(Card& card, std::string creator) {
   const std::vector<Entry> wanted = ReadEntries(card);
+  RequireOrderable(card, wanted);
   std::string path = NewPrintOrderPath();
+  // Whatever lies there under that name goes: the list would write into the target of a link.
+  unlink(path.c_str());
   try {
     if (card.List().SaveDPOFInfo(Arg(path), Arg(creator)) != 0) {
       throw Failure(WithReason("cannot write " + card.Shown(path), errno));
@@ -123,13 +179,7 @@ void SavePrintOrder(Card& card, std::string creator) {
 
 std::string CreatorError(const std::string& creator) {
   if (creator.size() > kMaxCreator) return "a creator has at most 30 characters";
-  for (const char c : creator) {
-    const auto byte = static_cast<unsigned char>(c);
-    if (c == '"' || byte < 0x20 || byte == 0x7F) {
-      return "a creator has no quotes, line ends or control characters";
-    }
-  }
-  return "";
+  return BreaksLines(creator) ? "a creator has no quotes, line ends or control characters" : "";
 }
 
 }  // namespace flm::tool

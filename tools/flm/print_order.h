@@ -15,7 +15,19 @@ std::string NewPrintOrderPath();  // beside it, where a new one grows
 // Whether the card has one with something in it.
 bool HasPrintOrder();
 
-// The name of the device that made it, at most as much of it as the list keeps; "" for none.
+// 0 when the order can be read to its end, else the error number. The list takes an order that
+// fails in the middle for a shorter one.
+int PrintOrderError();
+
+// Whether a line of an order can hold the path of a file. A quote or a line end in it would make
+// lines of its own.
+bool CanBeOrdered(const std::string& path);
+
+// Throws Failure when a file has print marks and no line can hold its path.
+void RequireOrderable(Card& card);
+
+// The name of the device that made it, at most as much of it as the list keeps; "" for none, and
+// for one that cannot be written again.
 std::string PrintOrderCreator();
 
 // Says on standard error, in one line, when the card's order has lines that are not understood:

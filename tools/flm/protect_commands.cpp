@@ -6,6 +6,7 @@
 #include <memory>
 
 #include "bulk.h"
+#include "card_mount.h"
 #include "commands.h"
 #include "failure.h"
 #include "output.h"
@@ -31,12 +32,18 @@ std::string FirstWithout(const Entry& entry, bool on) {
   return "";
 }
 
-// `what` with the reason why it failed on a file, for which the system is asked once more.
-std::string WithModeReason(const std::string& what, const std::string& path, bool on) {
+// Why a file has not the protection that was asked for; the system is asked once more. A mount may
+// ignore the change and report success.
+std::string WhyNot(const std::string& what, const std::string& shown, const std::string& path,
+                   bool on) {
   struct stat status;
   if (stat(path.c_str(), &status) != 0) return WithReason(what, errno);
   const mode_t mode = on ? status.st_mode & ~mode_t{S_IWUSR} : status.st_mode | S_IWUSR;
-  return chmod(path.c_str(), mode & kAllModes) == 0 ? what : WithReason(what, errno);
+  if (chmod(path.c_str(), mode & kAllModes) != 0) return WithReason(what, errno);
+  if (HasProtection(path, on)) return what;
+  const std::string mount = ProtectionTroubleAt(path);
+  return shown + (on ? " is not protected: " : " is still protected: ") +
+         (mount.empty() ? "its file system keeps its permissions and does not say so" : mount);
 }
 
 std::string WithCompanions(const Card& card, const Entry& entry) {
@@ -53,8 +60,8 @@ bool Tell(const Card& card, const Entry& entry, bool on, bool quiet) {
   const std::string failed = FirstWithout(entry, on);
   if (!failed.empty()) {
     const std::string companion = failed == entry.Path() ? "" : "the companion ";
-    Complain(
-        WithModeReason("cannot " + Verb(on) + " " + companion + card.Shown(failed), failed, on));
+    const std::string shown = companion + card.Shown(failed);
+    Complain(WhyNot("cannot " + Verb(on) + " " + shown, shown, failed, on));
     return false;
   }
   if (!quiet) PrintLine(Verb(on) + "ed " + WithCompanions(card, entry));
@@ -72,6 +79,7 @@ int RunProtect(const BulkOptions& options, bool on) {
   Card card(options.card, options.dryRun ? Access::kLook : Access::kChange);
   std::vector<Entry> targets = BulkTargets(card, options);
   if (options.dryRun) return DryRun(card, targets, on);
+  RequireOnCard(card, targets, Links::kFollowed);
   Confirm(options, Verb(on), targets.size());
   // Each file has an item of its own, since an item carries its own companions along.
   const size_t handled = ForEachTarget(
@@ -88,7 +96,9 @@ void AddOne(CLI::App& app, Action& action, bool on) {
   const auto options = std::make_shared<BulkOptions>();
   CLI::App& command = on ? *app.add_subcommand("protect", "Protect files, with their companions")
                          : *app.add_subcommand("unprotect", "Take the protection away again");
-  command.footer("A file is protected when its owner may not write it.");
+  command.footer(
+      "A file is protected when its owner may not write it. Each file is looked at again; one that "
+      "the card's mount leaves as it was is told, and the exit status is 1.");
   AddBulkOptions(command, *options);
   command.callback(
       [options, on, &action] { action = [options, on] { return RunProtect(*options, on); }; });

@@ -142,7 +142,8 @@ class Outcome {
 
 // The list's own operation flushes the card now and then instead of after every file. It gives up
 // at the first file that cannot be removed, which is then the first one left that need not be kept.
-int RunRemoveAll(Card& card, const RemoveOptions& options, const std::vector<Entry>& targets) {
+int RunRemoveAll(Card& card, const RemoveOptions& options, const std::vector<Entry>& targets,
+                 const std::string& creator) {
   WarnOfDroppedLines(card);
   Outcome outcome(card, options, targets);
   Progress progress(options.bulk.quiet);
@@ -160,6 +161,9 @@ int RunRemoveAll(Card& card, const RemoveOptions& options, const std::vector<Ent
     throw Failure("the files are removed, but the print order " + card.Shown(PrintOrderPath()) +
                   " is not saved");
   }
+  // The list does not notice when the order that it wrote is cut. Written once more it is compared.
+  const bool rewritten = !gaveUp || HasPrintOrder();
+  if (rewritten && outcome.Removed() > 0 && card.Count() > 0) SavePrintOrder(card, creator);
   return finished ? outcome.Status() : SayInterrupted(outcome.Removed(), targets.size());
 }
 
@@ -178,18 +182,30 @@ int RunRemoveSome(Card& card, const RemoveOptions& options, std::vector<Entry>& 
                                    : SayInterrupted(outcome.Removed(), targets.size());
 }
 
+// Deletion writes the order again, in the place where it stands.
+void RequireUsableOrder(Card& card) {
+  if (IsLink(PrintOrderPath())) {
+    throw Failure(card.Shown(PrintOrderPath()) + " is a link, and no print order is written to it");
+  }
+  if (!HasPrintOrder()) return;
+  card.RequireReadable();
+  RequireOrderable(card);
+}
+
 int RunRemove(const RemoveOptions& options) {
   BeginBulk(options.bulk);
   Card card(options.bulk.card, options.bulk.dryRun ? Access::kLook : Access::kChange);
   std::vector<Entry> targets = BulkTargets(card, options.bulk);
   if (options.bulk.dryRun) return DryRun(card, targets, options.force);
-  if (HasPrintOrder()) card.RequireReadable();
+  // A protected file is unprotected first, and that follows links.
+  RequireOnCard(card, targets, options.force ? Links::kFollowed : Links::kThemselves);
+  RequireUsableOrder(card);
   Confirm(options.bulk, "remove", targets.size());
   if (targets.empty()) return kStatusDone;
   // Deletion rewrites the print order; whoever made it stays named in it.
   std::string creator = PrintOrderCreator();
   card.List().SetDPOFDevName(Arg(creator));
-  return options.bulk.all ? RunRemoveAll(card, options, targets)
+  return options.bulk.all ? RunRemoveAll(card, options, targets, creator)
                           : RunRemoveSome(card, options, targets);
 }
 

@@ -8,6 +8,7 @@
 
 #include "dcf/dcf_name.h"
 #include "failure.h"
+#include "output.h"
 #include "platform/preference.h"
 #include "text.h"
 
@@ -16,6 +17,10 @@ namespace {
 
 constexpr int kSeriesCategory = 1;
 constexpr int kSeriesKey = 856;
+
+// The very last number is not stored: numbering starts over behind it.
+constexpr long kHighestStored = 99909998;
+constexpr long kStartOver = 10000000;
 
 std::string Variable(const char* name) {
   const char* const value = secure_getenv(name);
@@ -57,7 +62,20 @@ void StoreNumber(const FileNumber& number) {
 
 // Storing once more tells the reason, and is harmless where it works.
 void RequireStored(const FileNumber& number) {
-  if (ToFileIndex(StoredNumber()) != ToFileIndex(number)) StoreNumber(number);
+  const long index = ToFileIndex(number);
+  const long wanted = index > kHighestStored ? kStartOver : index;
+  if (ToFileIndex(StoredNumber()) != wanted) StoreNumber(FromFileIndex(wanted));
+}
+
+void WarnUnlessStored(const FileNumber& number) {
+  static bool warned = false;
+  if (warned) return;
+  try {
+    RequireStored(number);
+  } catch (const Failure& failure) {
+    warned = true;
+    Complain(std::string("numbers given out are not kept for --series: ") + failure.what());
+  }
 }
 
 }  // namespace flm::tool

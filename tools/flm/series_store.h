@@ -12,6 +12,9 @@ FileNumber StoredNumber();
 // Throws Failure, with the name of the store's file, when it cannot be written.
 void StoreNumber(const FileNumber& number);
 
+// Says on standard error, once in a command, when the store does not hold that number.
+void WarnUnlessStored(const FileNumber& number);
+
 // Throws Failure unless the store holds the number that the list should have put there: the list
 // itself gives numbers out whether or not they could be stored.
 void RequireStored(const FileNumber& number);

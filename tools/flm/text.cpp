@@ -55,8 +55,8 @@ bool IsControl(uint32_t code) { return code < 0x20 || (code >= 0x7F && code < 0x
 
 // Line and paragraph separators and the marks that turn the direction of writing.
 bool IsLayout(uint32_t code) {
-  return (code >= 0x200E && code <= 0x200F) || (code >= 0x2028 && code <= 0x202E) ||
-         (code >= 0x2066 && code <= 0x2069);
+  return code == 0x061C || (code >= 0x200E && code <= 0x200F) ||
+         (code >= 0x2028 && code <= 0x202E) || (code >= 0x2066 && code <= 0x2069);
 }
 
 void AppendEscaped(std::string& out, const std::string& raw, size_t at, size_t length) {
