@@ -1,4 +1,5 @@
-// The record that describes one file to applications.
+/// @file
+/// The record that describes one file to applications.
 #ifndef FILELISTMANAGEMENT_CQFILELISTITEM_H
 #define FILELISTMANAGEMENT_CQFILELISTITEM_H
 

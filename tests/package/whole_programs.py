@@ -10,7 +10,7 @@ import re
 import sys
 from pathlib import Path
 
-BLOCK = re.compile(r"^```(?:cpp|c\+\+|cxx)\s*\n(.*?)^```", re.DOTALL | re.MULTILINE)
+BLOCK = re.compile(r"^```(?:cpp|c\+\+|cxx)\b[^\n]*\n(.*?)^```", re.DOTALL | re.MULTILINE)
 
 
 def main():
