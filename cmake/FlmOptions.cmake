@@ -5,6 +5,9 @@ option(FLM_BUILD_TESTS "Build the tests (needs the GoogleTest sources)" OFF)
 option(FLM_BUILD_BENCHMARKS "Build the benchmarks" OFF)
 option(FLM_BUILD_FUZZERS "Build the fuzzers" OFF)
 
+# Off for those who build packages with whatever compiler comes next.
+option(FLM_WARNINGS_AS_ERRORS "A warning ends the build" ON)
+
 # Inside another project the library is a part of that project's own package.
 option(FLM_INSTALL "Install the library, its headers and its packages" ${PROJECT_IS_TOP_LEVEL})
 

@@ -9,8 +9,8 @@ target_compile_features(flm_settings INTERFACE cxx_std_17)
 # A movie may exceed 2 GB and be dated after 2038, also on a 32-bit target.
 target_compile_definitions(flm_settings INTERFACE _FILE_OFFSET_BITS=64 _TIME_BITS=64)
 
-# Another project's compiler may warn about more than ours; only here a warning ends the build.
+# Another project's compiler may warn about more than ours.
 if(PROJECT_IS_TOP_LEVEL)
-  target_compile_options(flm_settings INTERFACE
-                         -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Werror)
+  target_compile_options(flm_settings INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wconversion
+                                                $<$<BOOL:${FLM_WARNINGS_AS_ERRORS}>:-Werror>)
 endif()

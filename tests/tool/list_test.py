@@ -264,7 +264,7 @@ class BadInputTest(ToolTest):
     def test_help_and_version_go_to_standard_output(self):
         self.assertTrue(self.run_tool("--help").stdout)
         self.assertTrue(self.run_tool("ls", "--help").stdout)
-        self.assertEqual(self.lines("--version"), ["flm 1.0.0"])
+        self.assertRegex("".join(self.lines("--version")), r"^flm \d+\.\d+\.\d+$")
 
     def test_a_reader_that_has_seen_enough_is_no_failure(self):
         self.make_pictures("100PHOTO", *range(1, 3000))

@@ -2,9 +2,11 @@
 #include <CLI/CLI.hpp>
 #include <csignal>
 #include <exception>
+#include <string>
 
 #include "commands.h"
 #include "failure.h"
+#include "flm_version.h"
 #include "output.h"
 #include "text.h"
 
@@ -15,7 +17,7 @@ using flm::tool::Action;
 void Describe(CLI::App& app) {
   app.description(
       "Lists and manages the files of a camera card. ROOT is any folder with a DCIM tree.");
-  app.set_version_flag("--version", "flm 1.0.0");
+  app.set_version_flag("--version", std::string("flm ") + kVersion);
   app.set_help_all_flag("--help-all", "Print the help of every command");
   app.require_subcommand(1);
   app.footer(
