@@ -19,6 +19,13 @@ if(NOT FLM_PREFERENCE MATCHES "^(file|external)$")
   message(FATAL_ERROR "FLM_PREFERENCE is \"${FLM_PREFERENCE}\"; it may be file or external.")
 endif()
 
+set(FLM_BROWSE "AUTO" CACHE STRING
+    "Whether flm gets the contact sheet: AUTO (when its libraries are there), ON or OFF")
+set_property(CACHE FLM_BROWSE PROPERTY STRINGS AUTO ON OFF)
+if(NOT FLM_BROWSE MATCHES "^(AUTO|ON|OFF)$")
+  message(FATAL_ERROR "FLM_BROWSE is \"${FLM_BROWSE}\"; it may be AUTO, ON or OFF.")
+endif()
+
 set(FLM_GOOGLETEST_SOURCE "/usr/src/googletest" CACHE PATH "Folder of the GoogleTest sources")
 
 get_property(flm_multi_config GLOBAL PROPERTY GENERATOR_IS_MULTI_CONFIG)

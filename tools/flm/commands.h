@@ -24,6 +24,7 @@ void AddImportCommand(CLI::App& app, Action& action);    // import
 void AddProtectCommands(CLI::App& app, Action& action);  // protect, unprotect
 void AddRemoveCommand(CLI::App& app, Action& action);    // rm
 void AddPagesCommand(CLI::App& app, Action& action);     // pages
+void AddBrowseCommand(CLI::App& app, Action& action);    // browse
 void AddPrintCommands(CLI::App& app, Action& action);    // print
 void AddCheckCommand(CLI::App& app, Action& action);     // check
 

@@ -34,6 +34,7 @@ void AddCommands(CLI::App& app, Action& action) {
   flm::tool::AddProtectCommands(app, action);
   flm::tool::AddRemoveCommand(app, action);
   flm::tool::AddPagesCommand(app, action);
+  flm::tool::AddBrowseCommand(app, action);
   flm::tool::AddPrintCommands(app, action);
   flm::tool::AddCheckCommand(app, action);
 }
