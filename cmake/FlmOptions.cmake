@@ -3,7 +3,7 @@
 option(FLM_BUILD_TOOLS "Build the command-line tool flm" ON)
 option(FLM_BUILD_TESTS "Build the tests (needs the GoogleTest sources)" OFF)
 option(FLM_BUILD_BENCHMARKS "Build the benchmarks" OFF)
-option(FLM_BUILD_FUZZERS "Build the fuzzers" OFF)
+option(FLM_BUILD_FUZZERS "Build the fuzzers (with Clang; scripts/fuzz builds and runs them)" OFF)
 
 # Off for those who build packages with whatever compiler comes next.
 option(FLM_WARNINGS_AS_ERRORS "A warning ends the build" ON)

@@ -50,6 +50,18 @@ bool IsInFolder(const char* filePath, const char* folder) {
   return BeginsWith(own, folder);
 }
 
+// Whether what stands behind a root names the root itself or goes upwards.
+bool LeavesRoot(const char* below) {
+  constexpr char kUpwards[] = "/..";
+  constexpr size_t kLength = sizeof(kUpwards) - 1;
+  if (below[std::strspn(below, "/")] == '\0') return true;
+  for (const char* at = std::strstr(below, kUpwards); at != nullptr;
+       at = std::strstr(at + 1, kUpwards)) {
+    if (at[kLength] == '/' || at[kLength] == '\0') return true;
+  }
+  return false;
+}
+
 bool IsLastNumberedFolder(const char* folder) {
   const char* const slash = std::strrchr(folder, '/');
   return slash != nullptr && BeginsWith(slash, kLastFolderStart);
@@ -63,14 +75,14 @@ bool IsCancelled(ProgressCallback callback, int index, int total, int* status) {
 
 }  // namespace
 
-// A path of another card must never be removed through this list, nor one that climbs out of it: no
-// path of the catalogue goes upwards.
+// A path of another card must never be removed through this list, nor the root itself, nor a path
+// that climbs out of it: no path of the catalogue goes upwards.
 bool CQFileList::IsOnThisCard(const char* path) const {
   if (catalogue_ == nullptr || path == nullptr) return false;
   const char* const root = catalogue_->GetBaseURI();
   const size_t length = std::strlen(root);
   if (length == 0 || !BeginsWith(path, root) || path[length] != '/') return false;
-  return std::strstr(path + length, "/../") == nullptr;
+  return !LeavesRoot(path + length);
 }
 
 int CQFileList::DCF_RemoveFile(char* path, bool sync) {

@@ -159,6 +159,40 @@ TEST_F(RefusedRemoval, OddPathsRemoveNothing) {
   EXPECT_EQ(tree, at_.card.Tree());
 }
 
+int changesAsked = 0;
+
+TEST_F(RefusedRemoval, TheRootAndWhatIsAboveItAreNotEvenTried) {
+  changesAsked = 0;
+  flm::Os().Unlink = [](const char*) { return --changesAsked; };
+  flm::Os().Remove = [](const char*) { return --changesAsked; };
+  for (const char* const behind : {"/", "//", "/..", "/../", "/DCIM/..", "/DCIM/../../x"}) {
+    EXPECT_EQ(-1, at_.list.DCF_RemoveFile(Arg(at_.card.Root() + behind), false)) << behind;
+  }
+  EXPECT_EQ(0, changesAsked);
+}
+
+TEST_F(RefusedRemoval, NamesThatBeginWithPointsAreNamesLikeOthers) {
+  at_.card.MakeFile("DCIM/..NOTES");
+  EXPECT_GT(0, at_.list.DCF_RemoveFile(Arg(at_.card.Path("DCIM/..NOTES")), false));
+  EXPECT_FALSE(at_.card.Exists("DCIM/..NOTES"));
+}
+
+TEST_F(RefusedRemoval, ForceUnprotectsNothingAboveTheRoot) {
+  changesAsked = 0;
+  flm::Os().Stat = [](const char*, struct stat* status) {
+    *status = {};
+    status->st_mode = S_IFDIR | 0555;
+    return 0;
+  };
+  flm::Os().Chmod = [](const char*, mode_t) { return --changesAsked; };
+  for (const char* const behind : {"/", "/.."}) {
+    CQFileListItem item;
+    flm::CopyText(item.filePath, sizeof(item.filePath), (at_.card.Root() + behind).c_str());
+    EXPECT_EQ(0, at_.list.Delete(&item, true, false)) << behind;
+  }
+  EXPECT_EQ(0, changesAsked);
+}
+
 TEST(DeletionOfTwoCards, OneListNeverTouchesTheOther) {
   ListedCard one;
   ListedCard other;

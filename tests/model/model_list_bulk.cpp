@@ -28,11 +28,12 @@ bool Cancelled(ProgressCallback callback, int index, int total, int status) {
 
 }  // namespace
 
-// The card is the one that the catalogue stands on.
+// The card is the one that the catalogue stands on; its root itself is not below it.
 bool ModelList::IsBelowRoot(const std::string& path) const {
   std::string root = catalogue_ ? catalogue_->GetBaseURI() : "";
-  bool upwards = path.find("/../") != std::string::npos;
-  return !root.empty() && !upwards && StartsWith(path, root + "/");
+  if (root.empty() || !StartsWith(path, root + "/")) return false;
+  bool upwards = (path + "/").find("/../", root.size()) != std::string::npos;
+  return !upwards && path.find_first_not_of('/', root.size()) != std::string::npos;
 }
 
 int ModelList::DCF_RemoveFile(const char* path, bool sync) {
