@@ -1,5 +1,6 @@
 # What is installed, in three components: Runtime (the shared object), Development (headers, link
-# names, the archive, the CMake package and the pkg-config module) and Tools (flm). Nothing of it
+# names, the archive, the CMake package and the pkg-config module) and Tools (flm, its manual page and
+# completions). Nothing of it
 # holds the prefix, so that an installed folder may be moved.
 include(CMakePackageConfigHelpers)
 
@@ -15,6 +16,16 @@ install(DIRECTORY "${FLM_PUBLIC_HEADER_DIR}" DESTINATION "${CMAKE_INSTALL_INCLUD
         COMPONENT Development)
 if(TARGET flm)
   install(TARGETS flm RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}" COMPONENT Tools)
+  install(FILES "${PROJECT_SOURCE_DIR}/tools/flm.1"
+          DESTINATION "${CMAKE_INSTALL_MANDIR}/man1" COMPONENT Tools)
+  # Each shell looks for completions in a place and under a name of its own.
+  set(flm_completions "${PROJECT_SOURCE_DIR}/tools/completion")
+  install(FILES "${flm_completions}/flm.bash" RENAME flm
+          DESTINATION "${CMAKE_INSTALL_DATADIR}/bash-completion/completions" COMPONENT Tools)
+  install(FILES "${flm_completions}/_flm"
+          DESTINATION "${CMAKE_INSTALL_DATADIR}/zsh/site-functions" COMPONENT Tools)
+  install(FILES "${flm_completions}/flm.fish"
+          DESTINATION "${CMAKE_INSTALL_DATADIR}/fish/vendor_completions.d" COMPONENT Tools)
 endif()
 
 # --- CMake package ----------------------------------------------------------------------------------

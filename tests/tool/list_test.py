@@ -7,7 +7,7 @@ import sys
 import unittest
 
 sys.dont_write_bytecode = True  # Keeps the source tree clean.
-from toolcase import BINARY, FAILED, USAGE, ToolTest
+from toolcase import BINARY, FAILED, NOTHING, UNREADABLE, USAGE, ToolTest
 
 BIG = 5 * 1024 ** 3
 
@@ -180,15 +180,16 @@ class InfoTest(ToolTest):
         self.assertEqual(self.index_of("101PHOTO/QVX_0002.JPG"), 3)
 
     def test_what_is_not_there_is_named(self):
-        self.assertEqual(self.complaint("info", "card", "QVX_0009.JPG"),
+        self.assertEqual(self.complaint("info", "card", "QVX_0009.JPG", expect=NOTHING),
                          "no file QVX_0009.JPG on the card")
-        self.assertEqual(self.complaint("info", "card", "4"),
+        self.assertEqual(self.complaint("info", "card", "4", expect=NOTHING),
                          "no file with the index 4: the card has 4 files")
-        self.assertEqual(self.complaint("info", "card", "99999999999"),
+        self.assertEqual(self.complaint("info", "card", "99999999999", expect=NOTHING),
                          "no file with the index 99999999999: the card has 4 files")
-        self.assertEqual(self.complaint("info", "card", "/etc/passwd"),
+        self.assertEqual(self.complaint("info", "card", "/etc/passwd", expect=NOTHING),
                          "/etc/passwd does not lie on the card")
-        self.assertEqual(self.complaint("info", "card", "\x1b[2J"), r"no file \x1B[2J on the card")
+        self.assertEqual(self.complaint("info", "card", "\x1b[2J", expect=NOTHING),
+                         r"no file \x1B[2J on the card")
         self.complaint("info", "card", "", expect=USAGE)
 
     def test_info_tells_numbers_and_companions(self):
@@ -219,7 +220,8 @@ class PagesTest(ToolTest):
                          ["page 1 of 2", "  20  card/DCIM/100PHOTO/QVX_0021.JPG"])
 
     def test_a_page_that_does_not_exist_is_a_failure(self):
-        self.assertEqual(self.complaint("pages", "card", "--size", "10", "--page", "3"),
+        self.assertEqual(self.complaint("pages", "card", "--size", "10", "--page", "3",
+                                        expect=NOTHING),
                          "no page 3: the card has 3 pages")
         self.complaint("pages", "card", "--size", "0", expect=USAGE)
 
@@ -227,25 +229,27 @@ class PagesTest(ToolTest):
 class BadInputTest(ToolTest):
     def test_a_root_that_is_no_card_is_named(self):
         (self.outside / "file").touch()
-        self.assertEqual(self.complaint("ls", "nowhere"),
+        self.assertEqual(self.complaint("ls", "nowhere", expect=UNREADABLE),
                          "cannot open nowhere: No such file or directory")
-        self.assertEqual(self.complaint("count", "file"), "file is not a folder")
-        self.assertEqual(self.complaint("ls", "card"), "no DCIM folder in card")
+        self.assertEqual(self.complaint("count", "file", expect=UNREADABLE), "file is not a folder")
+        self.assertEqual(self.complaint("ls", "card", expect=UNREADABLE), "no DCIM folder in card")
         self.assertEqual(self.tree(), [])
         (self.root / "DCIM").touch()
-        self.assertEqual(self.complaint("ls", "card"), "card/DCIM is not a folder")
+        self.assertEqual(self.complaint("ls", "card", expect=UNREADABLE),
+                         "card/DCIM is not a folder")
         self.complaint("ls", "", expect=USAGE)
 
     def test_a_root_that_may_not_be_read_is_named(self):
         self.make_pictures("100PHOTO", 1)
         for path in (self.root / "DCIM", self.root):
             os.chmod(path, 0)
-            self.assertIn("Permission denied", self.complaint("ls", "card", **self.as_nobody()))
+            self.assertIn("Permission denied",
+                          self.complaint("ls", "card", expect=UNREADABLE, **self.as_nobody()))
             os.chmod(path, 0o755)
 
     def test_wrong_usage_is_one_line_and_status_two(self):
         for arguments in ([], ["ls"], ["frobnicate"], ["ls", "card", "--frobnicate"],
-                          ["info", "card"], ["ls", "card", "--json", "--long"], ["ls", "-0", "card"],
+                          ["info", "card"], ["ls", "card", "--json", "--long"], ["ls", "-0", "--tsv", "card"],
                           ["pages", "card"], ["print"], ["series"], ["new", "card", "gif"],
                           ["mkcard", "x", "--prefix", "ab"], ["mkcard", "x", "--files", "10000"]):
             self.complaint(*arguments, expect=USAGE)
@@ -257,7 +261,7 @@ class BadInputTest(ToolTest):
                                    (["ls", "card", "-z"], "no option -z"),
                                    (["a\nb\x1b"], r"no command a\x0Ab\x1B")):
             self.assertEqual(self.complaint(*arguments, expect=USAGE), message + " (see flm --help)")
-        for arguments in (["ls", "card", "a\nb"], ["mkcard", "card", "--files", "a\nb"],
+        for arguments in (["count", "card", "a\nb"], ["mkcard", "card", "--files", "a\nb"],
                           ["print", "set", "card", "a\nb", "0"]):
             self.assertIn(r"a\x0Ab", self.complaint(*arguments, expect=USAGE))
 

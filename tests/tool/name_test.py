@@ -8,7 +8,7 @@ import sys
 import unittest
 
 sys.dont_write_bytecode = True  # Keeps the source tree clean.
-from toolcase import DONE, FAILED, USAGE, ToolTest
+from toolcase import DONE, FAILED, UNREADABLE, USAGE, ToolTest
 
 
 class NewTest(ToolTest):
@@ -59,7 +59,7 @@ class NewTest(ToolTest):
             self.assertEqual(self.complaint(*command), "no file number is left on the card")
 
     def test_next_refuses_a_folder_that_is_no_card(self):
-        self.complaint("next", "card")
+        self.complaint("next", "card", expect=UNREADABLE)
         self.assertEqual(self.tree(), [])
 
     def test_wrong_options(self):
@@ -134,7 +134,7 @@ class NumberTest(ToolTest):
         (self.outside / "a.jpg").write_bytes(b"x")
         options = self.as_nobody()
         for command in (("new", "card", "jpg"), ("next", "card"), ("import", "card", "a.jpg")):
-            self.assertEqual(self.complaint(*command, **options),
+            self.assertEqual(self.complaint(*command, expect=UNREADABLE, **options),
                              "cannot read card/DCIM/103PHOTO: Permission denied")
 
     def test_a_folder_that_cannot_be_made_is_named_with_the_reason(self):

@@ -3,12 +3,17 @@
 
 FLM_BINARY names the program. Every test has a preference store of its own and a fixed time zone.
 """
+import fcntl
 import json
 import os
 import pathlib
+import pty
+import re
 import shutil
+import struct
 import subprocess
 import tempfile
+import termios
 import unittest
 
 BINARY = os.path.abspath(os.environ.get("FLM_BINARY", "build/flm"))
@@ -16,7 +21,17 @@ BINARY = os.path.abspath(os.environ.get("FLM_BINARY", "build/flm"))
 DONE = 0
 FAILED = 1
 USAGE = 2
+NOTHING = 3
+UNREADABLE = 4
 INTERRUPTED = 130
+
+
+def unescape(text):
+    """The bytes of a name as the tool writes it."""
+    def byte(match):
+        found = match.group(0)
+        return b"\\" if found == b"\\\\" else bytes([int(found[2:], 16)])
+    return re.sub(rb"\\\\|\\x[0-9A-F]{2}", byte, text.encode())
 
 
 class ToolTest(unittest.TestCase):
@@ -47,6 +62,27 @@ class ToolTest(unittest.TestCase):
             self.assertEqual(done.returncode, expect, (arguments, done.stdout, done.stderr))
         return done
 
+    def shown(self, columns, *arguments, expect=DONE, **variables):
+        """What the tool shows on a terminal of so many columns; standard error is no part of it."""
+        ours, theirs = pty.openpty()
+        fcntl.ioctl(theirs, termios.TIOCSWINSZ, struct.pack("HHHH", 24, columns, 0, 0))
+        env = dict(self.env, TERM="xterm")
+        env.pop("NO_COLOR", None)
+        env.update(variables)
+        process = subprocess.Popen([BINARY, *map(os.fsencode, arguments)], stdin=subprocess.DEVNULL,
+                                   stdout=theirs, stderr=subprocess.PIPE, cwd=self.outside, env=env)
+        os.close(theirs)
+        shown = b""
+        try:
+            while data := os.read(ours, 65536):
+                shown += data
+        except OSError:  # The other side is closed.
+            pass
+        os.close(ours)
+        complaint = process.communicate(timeout=60)[1]
+        self.assertEqual(process.returncode, expect, (arguments, shown, complaint))
+        return shown.decode().replace("\r\n", "\n")
+
     def as_nobody(self):
         """Options for running the tool as a user whom permissions bind."""
         if os.geteuid() != 0:
@@ -68,6 +104,15 @@ class ToolTest(unittest.TestCase):
         text = done.stderr.decode()
         self.assertRegex(text, r"\Aflm: [^\n]+\n\Z")
         return text[len("flm: "):-1]
+
+    def hold_many_files(self):
+        """Puts the empty card into memory, where thousands of files are made and removed quickly."""
+        if not os.access("/dev/shm", os.W_OK):
+            return
+        memory = tempfile.mkdtemp(prefix="flmtool", dir="/dev/shm")
+        self.addCleanup(shutil.rmtree, memory)
+        self.root.rmdir()
+        self.root.symlink_to(memory)
 
     def make_folder(self, path):
         (self.root / path).mkdir(parents=True, exist_ok=True)

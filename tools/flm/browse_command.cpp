@@ -6,6 +6,7 @@
 
 #include "browse_options.h"
 #include "commands.h"
+#include "global_options.h"
 
 namespace flm::tool {
 namespace {
@@ -30,10 +31,10 @@ void AddBrowseCommand(CLI::App& app, Action& action) {
                   "How pictures are drawn: auto is what the terminal is known for, blocks are "
                   "coloured characters")
       ->check(CLI::IsMember({"auto", "sixel", "kitty", "blocks"}));
-  browse.add_flag("--non-dcf,!--no-non-dcf", options->card.nonDcf,
-                  "Take the CAMERA folder too, whose names are free (the default)");
+  AddNonDcf(browse, options->card.nonDcf);
   browse.callback([options, way, &action] {
     options->graphics = kWays.at(*way);
+    options->readOnly = Globals().readOnly;
     action = [options] { return RunBrowse(*options); };
   });
 }

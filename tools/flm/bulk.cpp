@@ -34,22 +34,25 @@ void AddBulkOptions(CLI::App& command, BulkOptions& options) {
   AddRoot(command, options.card.root);
   CLI::Option* const files = command.add_option("FILE", options.files, kFilesHelp);
   command.add_flag("-a,--all", options.all, "Every file of the card")->excludes(files);
+  AddFilterOptions(command, options.filter);
   command.add_flag("-y,--yes", options.yes, "Do not ask before more than one file is changed");
   command.add_flag("-q,--quiet", options.quiet, "No progress bar, and nothing about what was done");
   command.add_flag("-n,--dry-run", options.dryRun, "Only say what would be done");
 }
 
 void BeginBulk(const BulkOptions& options) {
-  if (!options.all && options.files.empty()) {
-    throw Failure("no file is named (or --all)", kStatusUsage);
+  if (!options.all && options.files.empty() && !options.filter.IsSet()) {
+    throw Failure("no file is named (or --all, or a filter)", kStatusUsage);
   }
   CatchInterrupts();
 }
 
 std::vector<Entry> BulkTargets(Card& card, const BulkOptions& options) {
-  if (options.all) return ReadEntries(card);
   std::vector<Entry> targets;
-  for (const int index : SelectMany(card, options.files)) targets.push_back(ReadEntry(card, index));
+  Choice(card, options.files, options.filter).ForEach([&](const Entry& entry) {
+    targets.push_back(entry);
+  });
+  if (targets.empty() && options.filter.IsSet()) throw NothingMatches();
   return targets;
 }
 

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "entries.h"
+#include "filter.h"
 
 namespace CLI {
 class App;
@@ -17,6 +18,7 @@ namespace flm::tool {
 struct BulkOptions {
   CardOptions card;
   std::vector<std::string> files;
+  Filter filter;
   bool all = false;
   bool yes = false;
   bool quiet = false;
@@ -29,7 +31,8 @@ void AddBulkOptions(CLI::App& command, BulkOptions& options);
 // ends the command between two files instead of anywhere.
 void BeginBulk(const BulkOptions& options);
 
-// The files that the options name, in list order.
+// The files that the options name and the filter lets through, in list order. Throws Failure when
+// the filter lets none through.
 std::vector<Entry> BulkTargets(Card& card, const BulkOptions& options);
 
 // Whether an operation acts on a link itself, as removal does, or on what it leads to.

@@ -14,6 +14,7 @@
 #include "dcf/dcf_path.h"
 #include "failure.h"
 #include "fsio/os_calls.h"
+#include "global_options.h"
 #include "print_order.h"
 #include "text.h"
 #include "unreadable.h"
@@ -36,10 +37,25 @@ std::string WithoutTrailingSlashes(std::string path) {
 }
 
 // The scan makes missing folders. A command that only looks must leave the card as it is.
-int RefuseToMakeFolder(const char* /*path*/, mode_t /*mode*/) {
+int RefuseWithMode(const char* /*path*/, mode_t /*mode*/) {
   errno = EROFS;
   return -1;
 }
+
+// --read-only holds for the library too, whatever an operation of it would do to the card.
+void ForbidChanges() {
+  const auto refuse = [](const char* /*path*/) {
+    errno = EROFS;
+    return -1;
+  };
+  Os().Mkdir = RefuseWithMode;
+  Os().Chmod = RefuseWithMode;
+  Os().Unlink = refuse;
+  Os().Remove = refuse;
+  Os().Sync = [] {};
+}
+
+Failure NoCard(const std::string& message) { return Failure(message, kStatusUnreadable); }
 
 bool CanRead(const char* folder) {
   DIR* const dir = opendir(folder);
@@ -50,9 +66,9 @@ bool CanRead(const char* folder) {
 
 void RequireReadableFolder(const char* folder, const std::string& shown) {
   struct stat status;
-  if (stat(folder, &status) != 0) throw Failure(WithReason("cannot open " + shown, errno));
-  if (!S_ISDIR(status.st_mode)) throw Failure(shown + " is not a folder");
-  if (!CanRead(folder)) throw Failure(WithReason("cannot read " + shown, errno));
+  if (stat(folder, &status) != 0) throw NoCard(WithReason("cannot open " + shown, errno));
+  if (!S_ISDIR(status.st_mode)) throw NoCard(shown + " is not a folder");
+  if (!CanRead(folder)) throw NoCard(WithReason("cannot read " + shown, errno));
 }
 
 // The store's file is named relative to where the user is, and the tool is about to leave.
@@ -100,6 +116,7 @@ bool IsFolder(const std::string& path) {
 
 Card::Card(const CardOptions& options, Access access)
     : root_(WithoutTrailingSlashes(options.root)), outside_(CurrentFolder()) {
+  if (access != Access::kLook) RequireChangesAllowed();
   Enter(access);
   if (options.whole && hadTree_) RequireReadable();
   Scan(options, access);
@@ -112,12 +129,12 @@ void Card::Enter(Access access) {
   const std::string shown = Printable(root_);
   RequireReadableFolder(root_.c_str(), shown);
   KeepPreferenceFile(outside_);
-  if (chdir(root_.c_str()) != 0) throw Failure(WithReason("cannot enter " + shown, errno));
+  if (chdir(root_.c_str()) != 0) throw NoCard(WithReason("cannot enter " + shown, errno));
   inside_ = CurrentFolder();
   hadTree_ = Exists(kStillTree);
   hadMisc_ = Exists(kMiscFolder);
   if (!hadTree_ && access != Access::kRecord) {
-    throw Failure(std::string("no ") + kStillTree + " folder in " + shown);
+    throw NoCard(std::string("no ") + kStillTree + " folder in " + shown);
   }
   if (hadTree_) RequireReadableFolder(kStillTree, Shown(std::string("./") + kStillTree));
   if (access == Access::kLook) return;
@@ -136,11 +153,11 @@ void Card::RequireOnCard(const std::string& libraryPath) const {
 
 void Card::RequireReadable() const {
   for (const Unreadable& folder : UnreadableFolders()) {
-    throw Failure(WithReason("cannot read " + Shown(folder.path), folder.error));
+    throw NoCard(WithReason("cannot read " + Shown(folder.path), folder.error));
   }
   const std::string order = PrintOrderPath();
   const int error = HasPrintOrder() ? PrintOrderError() : 0;
-  if (error != 0) throw Failure(WithReason("cannot read " + Shown(order), error));
+  if (error != 0) throw NoCard(WithReason("cannot read " + Shown(order), error));
 }
 
 void Card::Scan(const CardOptions& options, Access access) {
@@ -152,7 +169,8 @@ void Card::Scan(const CardOptions& options, Access access) {
   std::string prefix = options.prefix;
   list_->SetFilePrefix(Arg(prefix));
   list_->IncludeNonDCF(options.nonDcf);
-  if (access == Access::kLook) Os().Mkdir = RefuseToMakeFolder;
+  if (access == Access::kLook) Os().Mkdir = RefuseWithMode;
+  if (Globals().readOnly) ForbidChanges();
   const int count = list_->Listup(0);
   if (count < 0) {
     CBIFileListManager::Destroy();
@@ -161,7 +179,7 @@ void Card::Scan(const CardOptions& options, Access access) {
       throw Failure(
           WithReason("cannot make the folder " + Printable(root_) + "/" + kStillTree, errno));
     }
-    throw Failure("cannot read the files of " + Printable(root_));
+    throw NoCard("cannot read the files of " + Printable(root_));
   }
 }
 

@@ -27,9 +27,12 @@ void AddPagesCommand(CLI::App& app, Action& action);     // pages
 void AddBrowseCommand(CLI::App& app, Action& action);    // browse
 void AddPrintCommands(CLI::App& app, Action& action);    // print
 void AddCheckCommand(CLI::App& app, Action& action);     // check
+void AddScanCommand(CLI::App& app, Action& action);      // scan
 
 // The argument that names the card.
 void AddRoot(CLI::App& command, std::string& root);
+// The option that leaves the CAMERA folder out.
+void AddNonDcf(CLI::App& command, bool& nonDcf);
 
 }  // namespace flm::tool
 

@@ -70,24 +70,26 @@ std::vector<std::string> ReadPaths(Card& card) {
   return paths;
 }
 
-void ForEachEntry(Card& card, const std::function<void(const Entry&)>& take) {
-  for (int i = 0; i < card.Count(); ++i) take(ReadEntry(card, i));
-}
-
 std::vector<Entry> ReadEntries(Card& card) {
   std::vector<Entry> entries;
-  ForEachEntry(card, [&](const Entry& entry) { entries.push_back(entry); });
+  entries.reserve(static_cast<size_t>(card.Count()));
+  for (int i = 0; i < card.Count(); ++i) entries.push_back(ReadEntry(card, i));
   return entries;
 }
 
 Entry ReadEntry(Card& card, int index) {
+  Entry entry = ReadNamedEntry(card, index);
+  TakeMarks(card.List(), entry);
+  TakeStatus(entry);
+  return entry;
+}
+
+Entry ReadNamedEntry(Card& card, int index) {
   Entry entry;
   entry.index = index;
   if (card.List().GetAt(index, &entry.item, false) < 0) {
     throw Failure("cannot read the file with the index " + std::to_string(index));
   }
-  TakeMarks(card.List(), entry);
-  TakeStatus(entry);
   TakeCompanions(card.List(), entry);
   return entry;
 }
@@ -96,6 +98,14 @@ std::vector<std::string> CompanionNames(const Entry& entry) {
   std::vector<std::string> names;
   for (const std::string& path : entry.companions) names.push_back(BaseName(path));
   return names;
+}
+
+std::vector<std::string> JsonFields() {
+  return {"index",     "path",          "size",
+          "mtime",     "mtime_seconds", "protected",
+          "selected",  "wifi",          "voice_or_capture",
+          "copies",    "index_print",   "size_code",
+          "companions"};
 }
 
 nlohmann::ordered_json ToJson(const Card& card, const Entry& entry) {

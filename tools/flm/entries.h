@@ -27,8 +27,6 @@ struct Entry {
 
 // Calls `take` with the library path of each file in list order. No file is read for it.
 void ForEachPath(Card& card, const std::function<void(const char*)>& take);
-// Calls `take` with everything about each file in list order.
-void ForEachEntry(Card& card, const std::function<void(const Entry&)>& take);
 
 // The library paths of all files in list order. No file is read for it.
 std::vector<std::string> ReadPaths(Card& card);
@@ -38,11 +36,15 @@ std::vector<Entry> ReadEntries(Card& card);
 
 // Everything about the file at an index, which must exist.
 Entry ReadEntry(Card& card, int index);
+// The same without marks, size and time; no file is read for it.
+Entry ReadNamedEntry(Card& card, int index);
 
 // The base names of the companions.
 std::vector<std::string> CompanionNames(const Entry& entry);
 
 nlohmann::ordered_json ToJson(const Card& card, const Entry& entry);
+// The names of its fields, in order.
+std::vector<std::string> JsonFields();
 
 }  // namespace flm::tool
 

@@ -8,8 +8,10 @@
 namespace flm::tool {
 
 constexpr int kStatusDone = 0;
-constexpr int kStatusFailed = 1;         // the operation failed, or there is something to report
-constexpr int kStatusUsage = 2;          // the command line makes no sense
+constexpr int kStatusFailed = 1;      // the operation failed, or there is something to report
+constexpr int kStatusUsage = 2;       // the command line makes no sense
+constexpr int kStatusNothing = 3;     // no file of the card is what was asked for
+constexpr int kStatusUnreadable = 4;  // the card, or a part that the command needs, is unreadable
 constexpr int kStatusInterrupted = 130;  // 128 + SIGINT, as shells expect
 
 // The message is one line without a final full stop; parts of it that come from the card or from

@@ -8,6 +8,7 @@
 #include "failure.h"
 #include "marks_text.h"
 #include "output.h"
+#include "rows.h"
 #include "select.h"
 #include "text.h"
 
@@ -16,7 +17,7 @@ namespace {
 
 struct InfoOptions {
   CardOptions card;
-  std::string file;
+  std::vector<std::string> files;
   bool json = false;
 };
 
@@ -92,14 +93,32 @@ void PrintText(const Card& card, const Entry& entry, bool last) {
   for (const std::string& path : entry.companions) PrintField("companion", card.Shown(path));
 }
 
+nlohmann::ordered_json JsonAt(Card& card, int index) {
+  return JsonOf(card, ReadEntry(card, index), index == card.Count() - 1);
+}
+
+// One file is one object, and whatever may be several is an array.
+void PrintAsJson(Card& card, const std::vector<std::string>& files) {
+  if (files.size() == 1 && !IsIndexList(files.front())) {
+    PrintJson(JsonAt(card, SelectOne(card, files.front())));
+    return;
+  }
+  RowPrinter rows(RowFormat::kJson, {});
+  for (const int index : SelectMany(card, files)) rows.Add(JsonAt(card, index));
+  rows.End();
+}
+
 int RunInfo(const InfoOptions& options) {
   Card card(options.card, Access::kLook);
-  Entry entry = ReadEntry(card, SelectOne(card, options.file));
-  const bool last = entry.index == card.Count() - 1;
   if (options.json) {
-    PrintJson(JsonOf(card, entry, last));
-  } else {
-    PrintText(card, entry, last);
+    PrintAsJson(card, options.files);
+    return kStatusDone;
+  }
+  bool first = true;
+  for (const int index : SelectMany(card, options.files)) {
+    if (!first) PrintLine("");
+    PrintText(card, ReadEntry(card, index), index == card.Count() - 1);
+    first = false;
   }
   return kStatusDone;
 }
@@ -108,10 +127,11 @@ int RunInfo(const InfoOptions& options) {
 
 void AddInfoCommand(CLI::App& app, Action& action) {
   const auto options = std::make_shared<InfoOptions>();
-  CLI::App& info = *app.add_subcommand("info", "Print everything that is known about one file");
+  CLI::App& info = *app.add_subcommand("info", "Print everything that is known about files");
   AddRoot(info, options->card.root);
-  info.add_option("FILE", options->file, kOneFileHelp)->required();
-  info.add_flag("--json", options->json, "One object");
+  info.add_option("FILE", options->files, kFilesHelp)->required();
+  info.add_flag("--json", options->json,
+                "One object; an array of them for a list, a range or several files");
   info.callback([options, &action] { action = [options] { return RunInfo(*options); }; });
 }
 

@@ -4,6 +4,10 @@
 
 namespace flm::tool {
 
+// From here on SIGINT ends the process at once, with the status that tells so: right for commands
+// that leave the card alone.
+void LeaveOnInterrupt();
+
 // From here on SIGINT and SIGTERM only set a flag.
 void CatchInterrupts();
 bool Interrupted();

@@ -1,6 +1,4 @@
 // flm ls, flm count.
-#include <unistd.h>
-
 #include <CLI/CLI.hpp>
 #include <memory>
 #include <nlohmann/json.hpp>
@@ -8,9 +6,13 @@
 #include "commands.h"
 #include "entries.h"
 #include "failure.h"
+#include "file_table.h"
+#include "filter.h"
 #include "marks_text.h"
 #include "output.h"
-#include "table.h"
+#include "rows.h"
+#include "select.h"
+#include "terminal.h"
 #include "text.h"
 
 namespace flm::tool {
@@ -18,68 +20,80 @@ namespace {
 
 struct ListOptions {
   CardOptions card;
+  std::vector<std::string> files;
+  Filter filter;
   bool exact = false;
   bool json = false;
+  bool jsonLines = false;
+  bool tsv = false;
   bool paths = false;
   bool nul = false;
 };
 
-int ListPaths(Card& card, bool nul) {
-  const bool raw = nul && isatty(STDOUT_FILENO) == 0;
+int ListPaths(Card& card, Choice& choice, bool nul) {
+  const bool raw = nul && !OutputIsTerminal();
   std::string line;
-  ForEachPath(card, [&](const char* path) {
+  return choice.ForEachPath([&](const char* path) {
     card.UserPathInto(path, line);
     if (!raw) MakePrintable(line);
     line += nul ? '\0' : '\n';
     Print(line);
   });
-  return kStatusDone;
 }
 
-int ListJson(Card& card) {
-  nlohmann::ordered_json files = nlohmann::ordered_json::array();
-  ForEachEntry(card, [&](const Entry& entry) { files.push_back(ToJson(card, entry)); });
-  PrintJson(files);
-  return kStatusDone;
+int ListRows(Card& card, Choice& choice, RowFormat format) {
+  RowPrinter rows(format, JsonFields());
+  const int count = choice.ForEach([&](const Entry& entry) { rows.Add(ToJson(card, entry)); });
+  rows.End();
+  return count;
 }
 
-std::string SizeText(const Entry& entry, bool exact) {
-  if (!entry.found) return "?";
-  return exact ? std::to_string(entry.size) : HumanSize(entry.size);
-}
-
-int ListTable(Card& card, bool exact) {
-  Table table({{"INDEX", Align::kRight},
-               {"PATH", Align::kLeft},
-               {"SIZE", Align::kRight},
-               {"TIME", Align::kLeft},
-               {"MARKS", Align::kLeft},
-               {"COMPANIONS", Align::kLeft}});
-  ForEachEntry(card, [&](const Entry& entry) {
-    table.AddRow({std::to_string(entry.index), card.Shown(entry.Path()), SizeText(entry, exact),
-                  entry.found ? LocalTime(entry.time) : "?",
-                  exact ? LongMarks(entry) : ShortMarks(entry),
-                  exact ? LongCompanions(entry) : ShortCompanions(entry)});
-  });
-  Print(table.Text());
-  return kStatusDone;
+int List(const ListOptions& options, Card& card, Choice& choice) {
+  if (options.paths || options.nul) return ListPaths(card, choice, options.nul);
+  if (options.json) return ListRows(card, choice, RowFormat::kJson);
+  if (options.jsonLines) return ListRows(card, choice, RowFormat::kJsonLines);
+  if (options.tsv) return ListRows(card, choice, RowFormat::kTsv);
+  return PrintFileTable(card, choice, options.exact);
 }
 
 int RunList(const ListOptions& options) {
   Card card(options.card, Access::kLook);
-  if (options.paths) return ListPaths(card, options.nul);
-  return options.json ? ListJson(card) : ListTable(card, options.exact);
+  Choice choice(card, options.files, options.filter);
+  if (List(options, card, choice) == 0 && choice.IsNarrow() && !OutputIsGone()) {
+    throw NothingMatches();
+  }
+  return kStatusDone;
 }
 
 int RunCount(const ListOptions& options) {
   Card card(options.card, Access::kLook);
-  PrintLine(std::to_string(card.Count()));
+  if (!options.filter.IsSet()) {
+    PrintLine(std::to_string(card.Count()));
+    return kStatusDone;
+  }
+  const int count = Choice(card, {}, options.filter).ForEachPath([](const char* /*path*/) {});
+  PrintLine(std::to_string(count));
+  if (count == 0) throw NothingMatches();
   return kStatusDone;
 }
 
-void AddNonDcf(CLI::App& command, bool& nonDcf) {
-  command.add_flag("--non-dcf,!--no-non-dcf", nonDcf,
-                   "Take the CAMERA folder too, whose names are free (the default)");
+void AddFormats(CLI::App& list, ListOptions& options) {
+  const std::vector<CLI::Option*> formats = {
+      list.add_flag("-l,--long", options.exact,
+                    "Exact sizes, every mark and companion spelled out"),
+      list.add_flag("--json", options.json, "One array of objects"),
+      list.add_flag("--jsonl", options.jsonLines, "One object a line"),
+      list.add_flag("--tsv", options.tsv, "Values between tabs, below a line of their names"),
+      list.add_flag("--paths", options.paths, "One path a line; no file is read for it"),
+  };
+  CLI::Option* const nul =
+      list.add_flag("-0,--null", options.nul, "Raw paths, each ended by a NUL, for xargs -0");
+  for (CLI::Option* const format : formats) {
+    for (CLI::Option* const other : formats) {
+      if (other != format) format->excludes(other);
+    }
+    if (format->get_name() != "--paths") nul->excludes(format);
+  }
 }
 
 }  // namespace
@@ -88,27 +102,26 @@ void AddRoot(CLI::App& command, std::string& root) {
   command.add_option("ROOT", root, "The card's folder")->required();
 }
 
+void AddNonDcf(CLI::App& command, bool& nonDcf) {
+  command.add_flag("--non-dcf,!--no-non-dcf", nonDcf,
+                   "Take the CAMERA folder too, whose names are free (the default)");
+}
+
 void AddListCommands(CLI::App& app, Action& action) {
   const auto options = std::make_shared<ListOptions>();
   CLI::App& list = *app.add_subcommand("ls", "List the files of a card");
   list.footer(kMarksLegend);
   AddRoot(list, options->card.root);
-  CLI::Option* const exact = list.add_flag("-l,--long", options->exact,
-                                           "Exact sizes, every mark and companion spelled out");
-  CLI::Option* const json = list.add_flag("--json", options->json, "One array of objects");
-  CLI::Option* const paths =
-      list.add_flag("--paths", options->paths, "One path a line; no file is read for it");
-  json->excludes(exact);
-  paths->excludes(exact)->excludes(json);
-  list.add_flag("-0,--null", options->nul,
-                "With --paths: end each path with a NUL, and write it raw (not to a terminal)")
-      ->needs(paths);
+  list.add_option("FILE", options->files, std::string(kFilesHelp) + "; all when none is named");
+  AddFormats(list, *options);
+  AddFilterOptions(list, options->filter);
   AddNonDcf(list, options->card.nonDcf);
   list.callback([options, &action] { action = [options] { return RunList(*options); }; });
 
   CLI::App& count =
       *app.add_subcommand("count", "Print the number of files; no file is read for it");
   AddRoot(count, options->card.root);
+  AddFilterOptions(count, options->filter);
   AddNonDcf(count, options->card.nonDcf);
   count.callback([options, &action] { action = [options] { return RunCount(*options); }; });
 }

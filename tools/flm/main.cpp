@@ -7,6 +7,8 @@
 #include "commands.h"
 #include "failure.h"
 #include "flm_version.h"
+#include "global_options.h"
+#include "interrupt.h"
 #include "output.h"
 #include "text.h"
 
@@ -21,7 +23,8 @@ void Describe(CLI::App& app) {
   app.set_help_all_flag("--help-all", "Print the help of every command");
   app.require_subcommand(1);
   app.footer(
-      "Exit status: 0 done, 1 failed or something to report, 2 wrong usage, 130 interrupted.");
+      "Exit status: 0 done, 1 failed or something to report, 2 wrong usage, 3 nothing matches, "
+      "4 the card cannot be read, 130 interrupted.");
 }
 
 void AddCommands(CLI::App& app, Action& action) {
@@ -37,6 +40,7 @@ void AddCommands(CLI::App& app, Action& action) {
   flm::tool::AddBrowseCommand(app, action);
   flm::tool::AddPrintCommands(app, action);
   flm::tool::AddCheckCommand(app, action);
+  flm::tool::AddScanCommand(app, action);
 }
 
 int Run(const Action& action) {
@@ -91,9 +95,11 @@ int Answer(const CLI::App& app, const CLI::ParseError& error) {
 
 int main(int argc, char** argv) {
   std::signal(SIGPIPE, SIG_IGN);
+  flm::tool::LeaveOnInterrupt();
   CLI::App app;
   Action action;
   Describe(app);
+  flm::tool::AddGlobalOptions(app);
   AddCommands(app, action);
   try {
     app.parse(argc, argv);

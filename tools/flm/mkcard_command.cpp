@@ -12,6 +12,7 @@
 
 #include "commands.h"
 #include "failure.h"
+#include "global_options.h"
 #include "output.h"
 #include "prefix_check.h"
 #include "sample_files.h"
@@ -188,6 +189,7 @@ class CardMaker {
 };
 
 int RunMkcard(const MkcardOptions& options) {
+  RequireChangesAllowed();
   if (options.folder.empty()) throw Failure("the name of the folder is empty", kStatusUsage);
   if (options.files > options.dirs * kMaxPerFolder) {
     throw Failure(Counted(options.files, "file") + " do not fit into " +

@@ -12,6 +12,7 @@
 #include "naming.h"
 #include "numbers.h"
 #include "output.h"
+#include "terminal.h"
 #include "text.h"
 
 namespace flm::tool {
@@ -20,7 +21,16 @@ namespace {
 struct NameOptions {
   NamingOptions naming;
   std::string kind;
+  bool nul = false;
 };
+
+// A program that asks for a name takes the path as it is; only a terminal is spared what the path
+// to the card may hold.
+void PrintPath(const Card& card, const std::string& path, bool nul) {
+  std::string text = OutputIsTerminal() ? card.Shown(path) : card.UserPath(path);
+  text += nul ? '\0' : '\n';
+  Print(text);
+}
 
 const Kind& RequireKind(const std::string& word) {
   const Kind* const kind = FindKind(word);
@@ -39,7 +49,7 @@ int RunNew(const NameOptions& options) {
   try {
     const NewName name = ReserveName(card, kind, options.naming.series);
     WarnUnlessKept(name);
-    PrintLine(card.Shown(name.path));
+    PrintPath(card, name.path, options.nul);
   } catch (const Failure&) {
     card.RemoveNewEmptyFolders();
     throw;
@@ -113,8 +123,12 @@ int RunNext(const NameOptions& options) {
       NextPrefix(options.naming, kind) + Padded(next.file, 4) + "." + Upper(kind.word);
   const std::string folder = std::string("./") + kStillTree + "/" + Padded(next.folder, 3) + suffix;
   RequireFree(card, folder + "/" + name);
-  PrintLine(card.Shown(folder + "/" + name));
+  PrintPath(card, folder + "/" + name, options.nul);
   return kStatusDone;
+}
+
+void AddNul(CLI::App& command, bool& nul) {
+  command.add_flag("-0,--null", nul, "End the path with a NUL");
 }
 
 std::string KindsHelp() { return "The kind of file: " + KindWords(); }
@@ -130,6 +144,7 @@ void AddNameCommands(CLI::App& app, Action& action) {
   AddRoot(reserve, options->naming.card.root);
   reserve.add_option("KIND", options->kind, KindsHelp())->required();
   AddNamingOptions(reserve, options->naming);
+  AddNul(reserve, options->nul);
   reserve.callback([options, &action] { action = [options] { return RunNew(*options); }; });
 
   const auto nextOptions = std::make_shared<NameOptions>();
@@ -139,6 +154,7 @@ void AddNameCommands(CLI::App& app, Action& action) {
   AddRoot(next, nextOptions->naming.card.root);
   next.add_option("KIND", nextOptions->kind, KindsHelp())->capture_default_str();
   AddNamingOptions(next, nextOptions->naming);
+  AddNul(next, nextOptions->nul);
   next.callback(
       [nextOptions, &action] { action = [nextOptions] { return RunNext(*nextOptions); }; });
 }

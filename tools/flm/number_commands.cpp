@@ -5,6 +5,7 @@
 #include "card.h"
 #include "commands.h"
 #include "failure.h"
+#include "global_options.h"
 #include "numbers.h"
 #include "output.h"
 #include "series_store.h"
@@ -52,6 +53,7 @@ int SayChange(const FileNumber& from, const FileNumber& to) {
 
 // The series value takes part, so that a number below one that was used on another card is seen.
 int RunSetLast(const NumberOptions& options) {
+  if (!options.dryRun) RequireChangesAllowed();
   const FileNumber wanted = ParseNumber(options.number);
   Card card(options.card, Access::kLook);
   card.List().SetSeriesMode(true);
@@ -71,6 +73,7 @@ int RunSeriesShow() {
 }
 
 int RunSeriesSet(const NumberOptions& options) {
+  if (!options.dryRun) RequireChangesAllowed();
   const FileNumber wanted = ParseNumber(options.number);
   const FileNumber stored = StoredNumber();
   RequireHigher(wanted, stored, options.force);

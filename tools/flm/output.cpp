@@ -2,13 +2,12 @@
 // in the middle of a change to the card.
 #include "output.h"
 
-#include <unistd.h>
-
 #include <cerrno>
 #include <cstdio>
 #include <nlohmann/json.hpp>
 
 #include "failure.h"
+#include "terminal.h"
 #include "text.h"
 
 namespace flm::tool {
@@ -25,17 +24,20 @@ void Print(const std::string& text) {
 
 void PrintLine(const std::string& text) { Print(text + "\n"); }
 
-void PrintJson(const nlohmann::ordered_json& value) {
-  constexpr int kIndent = 2;
-  // A terminal gets ASCII alone: a name may hold characters beyond it that a terminal obeys.
-  PrintLine(value.dump(kIndent, ' ', isatty(STDOUT_FILENO) != 0));
+// A terminal gets ASCII alone: a name may hold characters beyond it that a terminal obeys.
+std::string JsonLines(const nlohmann::ordered_json& value, int indent) {
+  return value.dump(indent, ' ', OutputIsTerminal());
 }
+
+void PrintJson(const nlohmann::ordered_json& value) { PrintLine(JsonLines(value, kJsonIndent)); }
 
 void Complain(const std::string& message) {
   std::fflush(stdout);  // Keeps the two streams in order when they end up in one place.
-  const std::string line = "flm: " + Printable(message) + "\n";
+  const std::string line = "flm: " + WithoutControls(message) + "\n";
   std::fwrite(line.data(), 1, line.size(), stderr);
 }
+
+bool OutputIsGone() { return outputError != 0; }
 
 int FinishOutput(int status) {
   if (std::fflush(stdout) != 0 && outputError == 0) outputError = errno;

@@ -12,6 +12,14 @@ void Print(const std::string& text);
 void PrintLine(const std::string& text);
 void PrintJson(const nlohmann::ordered_json& value);
 
+// JSON as it may be written to standard output: indented, or in one line.
+constexpr int kJsonIndent = 2;
+constexpr int kJsonInOneLine = -1;
+std::string JsonLines(const nlohmann::ordered_json& value, int indent);
+
+// Whether nobody reads on: what a long list has left to say need not be found out any more.
+bool OutputIsGone();
+
 // One line on standard error, with the tool's name in front.
 void Complain(const std::string& message);
 

@@ -8,6 +8,7 @@
 #include "entries.h"
 #include "failure.h"
 #include "output.h"
+#include "rows.h"
 #include "text.h"
 
 namespace flm::tool {
@@ -59,21 +60,22 @@ int RunPages(const PagesOptions& options) {
   list.InitPage(options.size);
   const int pages = list.GetPageTotalCount();
   if (options.page >= pages) {
-    throw Failure("no page " + std::to_string(options.page) + ": the card has " +
-                  Counted(pages, "page"));
+    throw Failure(
+        "no page " + std::to_string(options.page) + ": the card has " + Counted(pages, "page"),
+        kStatusNothing);
   }
   const int first = options.page == kEveryPage ? 0 : options.page;
   const int end = options.page == kEveryPage ? pages : options.page + 1;
-  nlohmann::ordered_json all = nlohmann::ordered_json::array();
-  for (int page = first; page < end; ++page) {
+  RowPrinter rows(RowFormat::kJson, {});
+  for (int page = first; page < end && !OutputIsGone(); ++page) {
     const Items items = ReadPage(card, page, options.size);
     if (options.json) {
-      all.push_back(PageJson(card, page, options.size, items));
+      rows.Add(PageJson(card, page, options.size, items));
     } else {
       PrintPage(card, page, pages, options.size, items);
     }
   }
-  if (options.json) PrintJson(all);
+  if (options.json) rows.End();
   return kStatusDone;
 }
 

@@ -29,6 +29,7 @@ struct PrintOptions {
 
   CardOptions card;
   std::vector<std::string> files;
+  Filter filter;
   bool all = false;
   int value = 0;
   std::string onOff;
@@ -89,20 +90,22 @@ int RunShow(const PrintOptions& options) {
 }
 
 // Sets one mark of the named files. Only pictures can be printed: naming another file is a mistake,
-// while --all means every picture.
+// while --all and a filter mean pictures alone.
 int RunMark(const PrintOptions& options, Setter setter) {
-  if (!options.all && options.files.empty()) {
-    throw Failure("no file is named (or --all)", kStatusUsage);
+  if (!options.all && options.files.empty() && !options.filter.IsSet()) {
+    throw Failure("no file is named (or --all, or a filter)", kStatusUsage);
   }
   Card card(options.card, Access::kChange);
   WarnOfDroppedLines(card);
   BulkOptions bulk;
   bulk.all = options.all;
   bulk.files = options.files;
+  bulk.filter = options.filter;
+  const bool named = !options.files.empty();
   int status = kStatusDone;
   for (Entry& entry : BulkTargets(card, bulk)) {
-    if (options.all && !EndsInJpg(entry.item.filePath)) continue;
-    if (options.all && options.value != 0 && !CanBeOrdered(entry.Path())) {
+    if (!named && !EndsInJpg(entry.item.filePath)) continue;
+    if (!named && options.value != 0 && !CanBeOrdered(entry.Path())) {
       Complain(card.Shown(entry.Path()) +
                " is left out: no line of a print order can hold its name");
       status = kStatusFailed;
@@ -187,6 +190,7 @@ void AddCreator(CLI::App& command, const Options& options) {
 void AddFiles(CLI::App& command, const Options& options) {
   CLI::Option* const files = command.add_option("FILE", options->files, kFilesHelp);
   command.add_flag("-a,--all", options->all, "Every picture of the card")->excludes(files);
+  AddFilterOptions(command, options->filter);
   AddCreator(command, options);
 }
 

@@ -1,5 +1,5 @@
-// Progress of a bulk operation, by the library's own callback: a bar on the terminal, and the way
-// by which Ctrl-C stops the operation between two files.
+// Progress of a bulk operation, by the library's own callback: a bar on the terminal or lines, and
+// the way by which Ctrl-C stops the operation between two files.
 #ifndef FILELISTMANAGEMENT_TOOLS_PROGRESS_H
 #define FILELISTMANAGEMENT_TOOLS_PROGRESS_H
 
@@ -10,8 +10,8 @@ namespace flm::tool {
 // One at a time: the callback is a plain function, so its state is the process's.
 class Progress {
  public:
-  // The bar appears on standard error when that is a terminal and not `quiet`. Ctrl-C is caught
-  // from here on.
+  // What --progress says appears on standard error; left to itself, a bar on a terminal unless
+  // `quiet`. Ctrl-C is caught from here on.
   explicit Progress(bool quiet);
   ~Progress();
   Progress(const Progress&) = delete;

@@ -9,6 +9,7 @@
 #include "bulk.h"
 #include "commands.h"
 #include "copy_file.h"
+#include "dcf/dcf_name.h"
 #include "failure.h"
 #include "output.h"
 #include "print_order.h"
@@ -34,6 +35,19 @@ std::string NameList(const std::vector<std::string>& paths) {
     text += (text.empty() ? " with " : ", ") + Printable(BaseName(path));
   }
   return text;
+}
+
+// Companions join the first file of their number. Where a folder has two pictures of one number,
+// those of the second must not stay behind as files without their picture.
+void AddOwnCompanions(Entry& entry) {
+  constexpr size_t kExtensionLength = 3;
+  const std::string path = entry.Path();
+  if (!EndsInJpg(path.c_str()) || IsCameraName(BaseName(FolderOf(path)).c_str())) return;
+  for (const char* const extension : {"SRW", "WAV", "MPO"}) {
+    const std::string own = path.substr(0, path.size() - kExtensionLength) + extension;
+    if (Contains(entry.companions, own) || !Exists(own) || IsFolder(own)) continue;
+    entry.companions.push_back(own);
+  }
 }
 
 bool IsKept(const Entry& entry, bool force) { return entry.item.isProtected != 0 && !force; }
@@ -89,6 +103,7 @@ class Outcome {
       return;
     }
     ++removed_;
+    RemoveLeftCompanions(entry);
     std::vector<std::string> gone;
     for (const std::string& companion : entry.companions) {
       if (!Exists(companion)) {
@@ -119,6 +134,18 @@ class Outcome {
   static std::string PathOfLast(Card& card) {
     CQFileListItem item;
     return card.List().GetLast(&item, false) == 0 ? item.filePath : "";
+  }
+
+  // The list removes the companions that joined the file; any other of its name goes here.
+  void RemoveLeftCompanions(const Entry& entry) const {
+    bool removed = false;
+    for (const std::string& companion : entry.companions) {
+      removed = (Exists(companion) && unlink(companion.c_str()) == 0) || removed;
+    }
+    if (!removed) return;
+    const std::string folder = FolderOf(entry.Path());
+    if (folder != newest_) RemoveFolder(folder);
+    sync();
   }
 
   void TellKept(const Entry& entry) {
@@ -196,6 +223,7 @@ int RunRemove(const RemoveOptions& options) {
   BeginBulk(options.bulk);
   Card card(options.bulk.card, options.bulk.dryRun ? Access::kLook : Access::kChange);
   std::vector<Entry> targets = BulkTargets(card, options.bulk);
+  for (Entry& entry : targets) AddOwnCompanions(entry);
   if (options.bulk.dryRun) return DryRun(card, targets, options.force);
   // A protected file is unprotected first, and that follows links.
   RequireOnCard(card, targets, options.force ? Links::kFollowed : Links::kThemselves);
@@ -205,8 +233,9 @@ int RunRemove(const RemoveOptions& options) {
   // Deletion rewrites the print order; whoever made it stays named in it.
   std::string creator = PrintOrderCreator();
   card.List().SetDPOFDevName(Arg(creator));
-  return options.bulk.all ? RunRemoveAll(card, options, targets, creator)
-                          : RunRemoveSome(card, options, targets);
+  return options.bulk.all && !options.bulk.filter.IsSet()
+             ? RunRemoveAll(card, options, targets, creator)
+             : RunRemoveSome(card, options, targets);
 }
 
 }  // namespace

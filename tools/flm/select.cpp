@@ -37,14 +37,13 @@ class Finder {
     const bool isName = given.find('/') == std::string::npos;
     const int found = isName ? ByName(given) : ByPath(given);
     if (found >= 0) return found;
-    if (IsNumber(given)) throw Failure(NoIndex(given));
-    throw Failure("no file " + Printable(given) + " on the card");
+    if (IsNumber(given)) throw NoIndex(given);
+    throw Failure("no file " + Printable(given) + " on the card", kStatusNothing);
   }
 
   // True and the indexes added when the text is a list of indexes and ranges.
   bool Ranges(const std::string& given, std::set<int>& indexes) {
-    if (given.find_first_not_of("0123456789,-") != std::string::npos) return false;
-    if (given.find_first_of(",-") == std::string::npos) return false;
+    if (!IsIndexList(given)) return false;
     size_t at = 0;
     while (at <= given.size()) {
       const size_t comma = std::min(given.find(',', at), given.size());
@@ -55,8 +54,10 @@ class Finder {
   }
 
  private:
-  std::string NoIndex(const std::string& index) {
-    return "no file with the index " + index + ": the card has " + Counted(card_.Count(), "file");
+  Failure NoIndex(const std::string& index) {
+    return Failure(
+        "no file with the index " + index + ": the card has " + Counted(card_.Count(), "file"),
+        kStatusNothing);
   }
 
   void AddRange(const std::string& given, const std::string& part, std::set<int>& indexes) {
@@ -68,15 +69,17 @@ class Finder {
     }
     const int first = ParseIndex(from);
     const int last = ParseIndex(to);
-    if (first < 0 || first >= card_.Count()) throw Failure(NoIndex(from));
-    if (last < 0 || last >= card_.Count()) throw Failure(NoIndex(to));
-    if (last < first) throw Failure("the range " + part + " runs backwards", kStatusUsage);
+    if (first >= 0 && last >= 0 && last < first) {
+      throw Failure("the range " + part + " runs backwards", kStatusUsage);
+    }
+    if (first < 0 || first >= card_.Count()) throw NoIndex(from);
+    if (last < 0 || last >= card_.Count()) throw NoIndex(to);
     for (int i = first; i <= last; ++i) indexes.insert(i);
   }
 
   int ByPath(const std::string& given) {
     const std::string path = card_.LibraryPath(given);
-    if (path.empty()) throw Failure(Printable(given) + " does not lie on the card");
+    if (path.empty()) throw Failure(Printable(given) + " does not lie on the card", kStatusNothing);
     const std::vector<std::string>& paths = Paths();
     const auto found = std::find(paths.begin(), paths.end(), path);
     if (found == paths.end()) return -1;
@@ -110,6 +113,11 @@ class Finder {
 };
 
 }  // namespace
+
+bool IsIndexList(const std::string& given) {
+  return given.find_first_not_of("0123456789,-") == std::string::npos &&
+         given.find_first_of(",-") != std::string::npos;
+}
 
 int SelectOne(Card& card, const std::string& given) { return Finder(card).One(given); }
 

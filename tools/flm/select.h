@@ -13,6 +13,9 @@ namespace flm::tool {
 extern const char kOneFileHelp[];
 extern const char kFilesHelp[];
 
+// Whether the text is a list of indexes and ranges.
+bool IsIndexList(const std::string& given);
+
 // The index of one file, given as an index, as a path (absolute, beginning with the root as given,
 // or relative to the card or its DCIM folder) or as a file name that occurs once. Throws Failure.
 int SelectOne(Card& card, const std::string& given);

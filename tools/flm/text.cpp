@@ -14,6 +14,8 @@ namespace {
 
 constexpr size_t kMaxSequence = 4;
 constexpr int kSizeStep = 1024;
+constexpr char kEllipsis[] = "\xE2\x80\xA6";
+constexpr char kEscape = '\\';
 
 struct Character {
   size_t length;  // bytes; 0 when the bytes are no UTF-8
@@ -34,7 +36,7 @@ constexpr Lead kLeads[] = {{0x80, 0x00, 1, 0},
 
 bool IsValidCode(uint32_t code) { return code <= 0x10FFFF && (code < 0xD800 || code > 0xDFFF); }
 
-Character Decode(const std::string& text, size_t at) {
+Character Decode(std::string_view text, size_t at) {
   const auto first = static_cast<unsigned char>(text[at]);
   for (const Lead& lead : kLeads) {
     if ((first & lead.mask) != lead.value) continue;
@@ -49,6 +51,32 @@ Character Decode(const std::string& text, size_t at) {
     return {lead.length, code};
   }
   return {0, 0};
+}
+
+struct CodeRange {
+  uint32_t first;
+  uint32_t last;
+};
+
+constexpr CodeRange kWide[] = {{0x1100, 0x115F},   {0x2E80, 0x303E},  {0x3041, 0xA4CF},
+                               {0xAC00, 0xD7A3},   {0xF900, 0xFAFF},  {0xFE30, 0xFE6F},
+                               {0xFF00, 0xFF60},   {0xFFE0, 0xFFE6},  {0x1F300, 0x1F64F},
+                               {0x1F900, 0x1F9FF}, {0x20000, 0x3FFFD}};
+constexpr CodeRange kCombining[] = {{0x0300, 0x036F}, {0x200B, 0x200D}, {0x20D0, 0x20FF},
+                                    {0x302A, 0x302D}, {0x3099, 0x309A}, {0xFE00, 0xFE0F}};
+constexpr uint32_t kFirstUneven = 0x300;  // all characters before take one column
+
+template <size_t kSize>
+bool IsIn(const CodeRange (&ranges)[kSize], uint32_t code) {
+  return std::any_of(ranges, ranges + kSize, [code](const CodeRange& range) {
+    return code >= range.first && code <= range.last;
+  });
+}
+
+size_t WidthOf(const Character& character) {
+  if (character.code < kFirstUneven) return 1;
+  if (IsIn(kCombining, character.code)) return 0;
+  return IsIn(kWide, character.code) ? 2 : 1;
 }
 
 bool IsControl(uint32_t code) { return code < 0x20 || (code >= 0x7F && code < 0xA0); }
@@ -69,13 +97,21 @@ void AppendEscaped(std::string& out, const std::string& raw, size_t at, size_t l
   }
 }
 
-std::string Escape(const std::string& raw, bool escapeControls) {
+// Which characters are escaped.
+struct Escapes {
+  bool backslash;
+  bool controls;
+};
+
+std::string Escape(const std::string& raw, const Escapes& escapes) {
   std::string out;
   for (size_t at = 0; at < raw.size();) {
     const Character character = Decode(raw, at);
     const size_t length = character.length == 0 ? 1 : character.length;
     const bool hidden = IsControl(character.code) || IsLayout(character.code);
-    if (character.length == 0 || (escapeControls && hidden)) {
+    if (escapes.backslash && character.code == kEscape) {
+      out.append(2, kEscape);
+    } else if (character.length == 0 || (escapes.controls && hidden)) {
       AppendEscaped(out, raw, at, length);
     } else {
       out.append(raw, at, length);
@@ -100,8 +136,8 @@ std::string WithReason(const std::string& what, int error) {
 }
 
 void MakePrintable(std::string& text) {
-  const auto isPlain = [](char c) { return c >= ' ' && c <= '~'; };
-  if (!std::all_of(text.begin(), text.end(), isPlain)) text = Escape(text, true);
+  const auto isPlain = [](char c) { return c >= ' ' && c <= '~' && c != kEscape; };
+  if (!std::all_of(text.begin(), text.end(), isPlain)) text = Escape(text, {true, true});
 }
 
 std::string Printable(std::string raw) {
@@ -109,14 +145,34 @@ std::string Printable(std::string raw) {
   return raw;
 }
 
-std::string JsonText(const std::string& raw) { return Escape(raw, false); }
+std::string JsonText(const std::string& raw) { return Escape(raw, {true, false}); }
+
+std::string WithoutControls(const std::string& text) { return Escape(text, {false, true}); }
 
 size_t DisplayWidth(std::string_view printable) {
+  const auto isPlain = [](char c) { return static_cast<unsigned char>(c) < 0x80; };
+  if (std::all_of(printable.begin(), printable.end(), isPlain)) return printable.size();
   size_t width = 0;
-  for (const char c : printable) {
-    if ((static_cast<unsigned char>(c) & 0xC0) != 0x80) ++width;
+  for (size_t at = 0; at < printable.size();) {
+    const Character character = Decode(printable, at);
+    width += WidthOf(character);
+    at += std::max<size_t>(character.length, 1);
   }
   return width;
+}
+
+std::string TailOfWidth(const std::string& printable, size_t width) {
+  size_t tooMuch = DisplayWidth(printable);
+  if (tooMuch <= width) return printable;
+  if (width == 0) return "";
+  tooMuch -= width - 1;  // the ellipsis takes one
+  size_t at = 0;
+  for (size_t cut = 0; cut < tooMuch && at < printable.size();) {
+    const Character character = Decode(printable, at);
+    cut += WidthOf(character);
+    at += std::max<size_t>(character.length, 1);
+  }
+  return kEllipsis + printable.substr(at);
 }
 
 // Rounded up, so that no file ever looks smaller than the room it needs.

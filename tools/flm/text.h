@@ -12,15 +12,23 @@ namespace flm::tool {
 
 // A name as a terminal may be shown it: control characters, characters that reorder text, and bytes
 // that are no UTF-8 become \xNN, so that a name on a card can neither send commands to the terminal
-// nor pretend to be another name.
+// nor pretend to be another name. A backslash is doubled, so that the name can be had back.
 std::string Printable(std::string raw);
 void MakePrintable(std::string& text);  // in place
 
-// A name as JSON may hold it: bytes that are no UTF-8 become \xNN, everything else stays.
+// A name as JSON may hold it: bytes that are no UTF-8 become \xNN, a backslash is doubled,
+// everything else stays.
 std::string JsonText(const std::string& raw);
+// A text of which parts may have been escaped already, as Printable would have made the rest: what a
+// terminal would obey is escaped, and backslashes stay single.
+std::string WithoutControls(const std::string& text);
 
-// Columns that a printable text takes, one for each character.
+// Columns that a printable text takes: two for the characters of East Asian scripts and pictures,
+// none for marks that stand over others.
 size_t DisplayWidth(std::string_view printable);
+// The end of a printable text, as much of it as takes no more than `width` columns; shortened, it
+// begins with an ellipsis.
+std::string TailOfWidth(const std::string& printable, size_t width);
 
 std::string HumanSize(int64_t bytes);       // "812", "3.4K", "2.1G": powers of 1024
 std::string LocalTime(std::time_t time);    // "2024-03-05 09:07:00", in local time

@@ -1,0 +1,15 @@
+// The table of files for people: as wide as it needs to be, or as the terminal is.
+#ifndef FILELISTMANAGEMENT_TOOLS_FILE_TABLE_H
+#define FILELISTMANAGEMENT_TOOLS_FILE_TABLE_H
+
+#include "filter.h"
+
+namespace flm::tool {
+
+// Prints the files of the choice, with exact sizes and spelled-out marks if `exact`; how many there
+// were.
+int PrintFileTable(Card& card, Choice& choice, bool exact);
+
+}  // namespace flm::tool
+
+#endif
