@@ -2,6 +2,8 @@
 # is left out with a warning when its two header packages are missing.
 option(FLM_BUILD_TOOLS "Build the command-line tool flm" ON)
 option(FLM_BUILD_TESTS "Build the tests (needs the GoogleTest sources)" OFF)
+option(FLM_TEST_PCH "Compile the tests with precompiled headers" ON)
+option(FLM_TOOL_UNITY "Compile the tool's sources in a few large units, which is quicker" OFF)
 option(FLM_BUILD_BENCHMARKS "Build the benchmarks" OFF)
 option(FLM_BUILD_FUZZERS "Build the fuzzers (with Clang; scripts/fuzz builds and runs them)" OFF)
 

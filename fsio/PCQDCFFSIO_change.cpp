@@ -10,8 +10,10 @@ namespace {
 
 constexpr mode_t kFolderMode = 0775;
 
-void* FlushBody(void* /*unused*/) {
-  flm::Os().Sync();
+// The call is handed over, so that the thread shares no data with the library, the table of calls
+// included.
+void* FlushBody(void* sync) {
+  reinterpret_cast<void (*)()>(sync)();
   return nullptr;
 }
 
@@ -22,7 +24,8 @@ void StartFlush() {
   if (pthread_attr_init(&attributes) != 0) return;
   pthread_attr_setdetachstate(&attributes, PTHREAD_CREATE_DETACHED);
   pthread_t thread;
-  flm::Os().StartThread(&thread, &attributes, FlushBody, nullptr);
+  void* const sync = reinterpret_cast<void*>(flm::Os().Sync);
+  flm::Os().StartThread(&thread, &attributes, FlushBody, sync);
   pthread_attr_destroy(&attributes);
 }
 
@@ -60,7 +63,7 @@ void* PCQDCFFSIO::CreateFileIO(const char* path) {
 
 void PCQDCFFSIO::GatherIn(void* handle, char* buffer, size_t size) {
   if (handle == nullptr || buffer == nullptr) return;
-  std::setvbuf(static_cast<FILE*>(handle), buffer, _IOFBF, size);
+  flm::Os().Setvbuf(static_cast<FILE*>(handle), buffer, _IOFBF, size);
 }
 
 int PCQDCFFSIO::Write(void* handle, const char* buf, int* len) {

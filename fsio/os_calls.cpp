@@ -11,10 +11,10 @@ int StatOf(const char* path, struct stat* status) { return stat(path, status); }
 int FstatOf(int descriptor, struct stat* status) { return fstat(descriptor, status); }
 int OpenOf(const char* path, int flags, mode_t mode) { return open(path, flags, mode); }
 
-const OsCalls kSystem = {StatOf,      FstatOf,     chmod, umask,       mkdir,
-                         unlink,      std::remove, sync,  opendir,     readdir,
-                         closedir,    OpenOf,      close, read,        fdopen,
-                         std::fwrite, std::fclose, time,  localtime_r, pthread_create};
+const OsCalls kSystem = {
+    StatOf, FstatOf,      chmod,       umask,       mkdir,  unlink,      std::remove,
+    sync,   opendir,      readdir,     closedir,    OpenOf, close,       read,
+    fdopen, std::setvbuf, std::fwrite, std::fclose, time,   localtime_r, pthread_create};
 
 }  // namespace
 

@@ -33,6 +33,7 @@ struct OsCalls {
   int (*Close)(int descriptor);
   ssize_t (*Read)(int descriptor, void* buffer, size_t size);
   FILE* (*Fdopen)(int descriptor, const char* mode);
+  int (*Setvbuf)(FILE* file, char* buffer, int mode, size_t size);
   size_t (*Fwrite)(const void* data, size_t size, size_t count, FILE* file);
   int (*Fclose)(FILE* file);
   time_t (*Time)(time_t* now);

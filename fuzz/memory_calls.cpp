@@ -234,6 +234,7 @@ void Install() {
                Calls::Close,
                Calls::Read,
                Calls::Fdopen,
+               [](FILE*, char*, int, size_t) { return 0; },
                Calls::Fwrite,
                Calls::Fclose,
                Calls::Time,

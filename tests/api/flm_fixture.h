@@ -8,6 +8,8 @@
 #include <unistd.h>
 
 #include <climits>
+#include <cstdio>
+#include <cstdlib>
 #include <cstring>
 #include <string>
 #include <vector>
@@ -99,8 +101,9 @@ class FlatTest : public testing::Test {
 // Runs `act` in a child process and returns its result, 0 to 99; an abnormal end is 100.
 template <class Act>
 int InChild(Act act) {
+  std::fflush(nullptr);
   const pid_t child = fork();
-  if (child == 0) _exit(act());
+  if (child == 0) std::exit(act());
   int status = 0;
   if (child < 0 || waitpid(child, &status, 0) != child || !WIFEXITED(status)) return 100;
   return WEXITSTATUS(status);

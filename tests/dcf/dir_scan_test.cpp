@@ -98,6 +98,18 @@ TEST_F(DirScan, ACompanionWithoutItsPictureIsAFileOfItsOwn) {
   EXPECT_EQ((Lines{"5 CAM_0005.JPG +W", "7 CAM_0007.WAV"}), Items());
 }
 
+TEST_F(DirScan, ACompanionBehindManyFilesOfItsNumberIsStillAFileOfItsOwn) {
+  Put({"CAM_0000.JPG", "CAM_0000.WAV"});
+  for (char first = 'A'; first <= 'J'; ++first) {
+    for (char second = 'A'; second <= 'J'; ++second) {
+      Put({std::string{first, second} + "X_0001.JPG"});
+    }
+  }
+  Put({"QVX_0001.SRW"});
+  EXPECT_EQ(102, Scan()) << "101 pictures and the companion";
+  EXPECT_EQ("0 CAM_0000.JPG +W", Items().front());
+}
+
 TEST_F(DirScan, EveryKindOfCompanionMayStandAlone) {
   Put({"CAM_0001.SRW", "CAM_0002.WAV", "CAM_0003.MPO"});
   EXPECT_EQ(3, Scan());

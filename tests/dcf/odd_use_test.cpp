@@ -98,6 +98,68 @@ TEST(OddUse, AMarkWalkFromNoSlotGoesOnAlongTheItems) {
   }
 }
 
+TEST(OddUse, AMarkWalkBackFromNoSlotGoesBackAlongTheItems) {
+  CardCatalogue c;
+  c.card.MakeFiles("DCIM/100PHOTO", "QVX_", 1, 50, "JPG");
+  ASSERT_EQ(0, c.Scan());
+  constexpr int kBit = 5;
+  ASSERT_EQ(0, c.SetBit("DCIM/100PHOTO/QVX_0040.JPG", kBit));
+  char path[flm::kPathSize] = {};
+  for (const int slot : {-7, 5000}) {
+    c.list.SetBitCurFile(100, 50, slot, c.Find("DCIM/100PHOTO/QVX_0050.JPG"));
+    EXPECT_EQ(0, c.list.GetBitPrev(path, sizeof(path), kBit, nullptr)) << slot;
+  }
+}
+
+// A folder that is added with a number of 0 or less in the place of one that holds files hides
+// them.
+TEST(OddUse, PositionsPassOverFilesOfAFolderWithoutANumber) {
+  CardCatalogue c;
+  ASSERT_EQ(0, c.Scan());
+  const unsigned char data[sizeof(DCFItem)] = {};
+  ASSERT_EQ(0, c.list.AddItem(100, data));
+  ASSERT_EQ(0, c.list.AddItem(101, data));
+  ASSERT_EQ(0, c.list.AddItem(101, data));
+  ASSERT_EQ(0, c.list.AddItem(103, data));
+  ASSERT_EQ(0, c.list.AddDir(0));
+  for (int position = 0; position < 3; ++position) EXPECT_EQ(0, c.At(position).result) << position;
+  EXPECT_GT(0, c.At(3).result);
+}
+
+TEST(OddUse, ABytesWalkGoesByAnyByte) {
+  constexpr int kSomeByte = 12;
+  CardCatalogue c;
+  c.card.MakeFiles("DCIM/100PHOTO", "QVX_", 1, 3, "JPG");
+  ASSERT_EQ(0, c.Scan());
+  ASSERT_EQ(0, c.list.SetCustomInfoAll(kSomeByte, 0));
+  flm_test::Text second = c.Path("DCIM/100PHOTO/QVX_0002.JPG");
+  ASSERT_EQ(0, c.list.SetCustomInfo(second, kSomeByte, 'Y'));
+  CQDCFList::InfoWalk walk = CQDCFList::WalkInfo(kSomeByte, 3);
+  char path[flm::kPathSize] = {};
+  EXPECT_EQ('Y', c.list.GetNextWithInfo(walk, path, sizeof(path)));
+  EXPECT_EQ(second.Now(), path);
+  EXPECT_EQ(0, c.list.GetNextWithInfo(walk, path, sizeof(path)));
+}
+
+TEST(OddUse, ANumberIsZeroWithoutATable) {
+  CQDCFList list;
+  EXPECT_EQ(0, list.GetNewFileIndex_FromLastIndex());
+}
+
+// The name of a folder that a caller chose and the root fill a path alone.
+TEST(OddUse, PathsOfAFolderThatFillsThemAreCutAlike) {
+  CardCatalogue c;
+  const std::string below(60, 'r');
+  c.card.MakeDir(below + "/DCIM");
+  c.list.SetBaseURI(c.card.Path(below).c_str());
+  ASSERT_EQ(0, c.Scan());
+  const std::string suffix(80, 'S');
+  ASSERT_EQ(0, c.New(suffix.c_str()).result);
+  const std::string whole = below + "/DCIM/100" + suffix;
+  const size_t kept = flm::kPathSize - 1 - c.card.Path("").size();
+  for (int time = 0; time < 2; ++time) EXPECT_EQ(whole.substr(0, kept), c.Last().path);
+}
+
 TEST(OddUse, AnItemTakenOutThroughAnotherListLeavesACountThatIsRepaired) {
   constexpr int kUnits = 400;
   CQDCFMemManager pool;

@@ -1,8 +1,10 @@
 // Every call to the system and every request for memory of every scenario fails, once and for good,
 // and each time the library must end, answer as documented, lose nothing and leave a list that says
 // what is on the card.
-#include <gmock/gmock.h>
 #include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
 
 #include "tests/faults/fault_parts.h"
 #include "tests/faults/fault_sweep.h"
@@ -10,7 +12,7 @@
 namespace flm_faults {
 namespace {
 
-using testing::ElementsAre;
+const std::vector<std::string> kNone;
 
 class Faults : public testing::TestWithParam<Scenario> {};
 
@@ -18,7 +20,7 @@ TEST_P(Faults, WithoutOneNothingIsWrong) {
   const int handles = flm_test::FdCount();
   {
     const Sweep sweep(GetParam());
-    EXPECT_THAT(sweep.Complaints(), ElementsAre());
+    EXPECT_EQ(kNone, sweep.Complaints());
     // Only a deletion asks for a flush in the background.
     EXPECT_EQ(GetParam().mayGo != Never, sweep.Clean().threads > 0);
   }
@@ -28,14 +30,14 @@ TEST_P(Faults, WithoutOneNothingIsWrong) {
 TEST_P(Faults, OfEveryCallToTheSystemAreEndured) {
   Sweep sweep(GetParam());
   sweep.FailCalls();
-  EXPECT_THAT(sweep.Complaints(), ElementsAre());
+  EXPECT_EQ(kNone, sweep.Complaints());
   RecordProperty("faults", sweep.Faults());
 }
 
 TEST_P(Faults, OfEveryRequestForMemoryAreEndured) {
   Sweep sweep(GetParam());
   sweep.FailRequests();
-  EXPECT_THAT(sweep.Complaints(), ElementsAre());
+  EXPECT_EQ(kNone, sweep.Complaints());
   RecordProperty("faults", sweep.Faults());
 }
 

@@ -1,10 +1,9 @@
 // The flat functions under the same faults. They know their root by heart and are set up once in
 // the life of a process; the card is put in the place of that root.
-#include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <unistd.h>
 
 #include <cerrno>
+#include <cstdlib>
 #include <cstring>
 
 #include "api/flm.h"
@@ -31,7 +30,8 @@ TEST(FlatDeathTest, ListsThatCannotBeMadeAreACode) {
         } catch (...) {
           result = 100;
         }
-        _exit(result);
+        Gate::End();
+        std::exit(result);
       },
       testing::ExitedWithCode(kNoLists), "")
       << "100 stands for an exception";

@@ -198,6 +198,41 @@ TEST_F(FileListIndexNoted, SetCurToNothingResetsIndexedAccess) {
   EXPECT_EQ(list.calls, "");
 }
 
+// Notes the steps of an access that a derived class may have replaced.
+class Steps : public CQFileList {
+ public:
+  std::string calls;
+  int SetCur(char* path) override {
+    calls += "cursor ";
+    return CQFileList::SetCur(path);
+  }
+};
+using FileListIndexSteps = FileListTestOf<Steps>;
+
+TEST_F(FileListIndexSteps, ADerivedListDoesEachStepOfAnAccess) {
+  MakeFivePictures();
+  ASSERT_EQ(Scan(), 5);
+  for (const bool withInfo : {true, false}) {
+    CQFileListItem item = flm_test::MarkedItem();
+    list.calls.clear();
+    EXPECT_EQ(list.GetAt(2, &item, withInfo), 0);
+    EXPECT_EQ(list.calls, "cursor ");
+    EXPECT_EQ(item.filePath, On("DCIM/101PHOTO/QVX_0007.JPG"));
+    EXPECT_EQ(item.isProtected == 77, !withInfo);
+    EXPECT_EQ(list.GetCurIndex(), 2);
+  }
+}
+
+TEST_F(FileListIndexSteps, AnAccessBehindTheEndLeavesNoIndex) {
+  MakeFivePictures();
+  ASSERT_EQ(Scan(), 5);
+  CQFileListItem item;
+  list.calls.clear();
+  EXPECT_LT(list.GetAt(5, &item, true), 0);
+  EXPECT_EQ(list.calls, "");
+  EXPECT_LT(list.GetCurIndex(), 0);
+}
+
 TEST_F(FileListIndex, FilesOfOneNumberAreToldApart) {
   card.MakeFile("DCIM/100PHOTO/HDV_0001.MP4");
   ASSERT_EQ(list.Listup(0), 6);

@@ -25,6 +25,36 @@ TEST_F(PageSteps, InitPageTakesAnySizeAndNeedsNoScan) {
   }
 }
 
+// A step of a derived list may be replaced, so that each is made, with the information.
+class NotingSteps : public CQFileList {
+ public:
+  std::string calls;
+  int GetFirst(CQFileListItem* item, bool withInfo) override {
+    calls += withInfo ? "first " : "first without ";
+    return CQFileList::GetFirst(item, withInfo);
+  }
+  int GetNext(CQFileListItem* item, bool withInfo) override {
+    calls += withInfo ? "next " : "next without ";
+    return CQFileList::GetNext(item, withInfo);
+  }
+};
+
+TEST(PageStepsNoted, APageOfADerivedListIsFilledByItsOwnSteps) {
+  flm_test::Card card;
+  card.MakeFiles("DCIM/100PHOTO", "QVX_", 1, 3, "JPG");
+  NotingSteps list;
+  list.SetBaseURI(card.Root().c_str());
+  list.SetType(4);
+  ASSERT_EQ(3, list.Listup(0));
+  list.InitPage(2);
+  list.calls.clear();
+  CQFileListItem items[2];
+  EXPECT_EQ(2, list.GetFirstPage(items));
+  EXPECT_EQ("first next ", list.calls);
+  EXPECT_EQ(card.Path("DCIM/100PHOTO/QVX_0002.JPG"), items[1].filePath);
+  list.Destroy();
+}
+
 TEST_F(PageSteps, TheNumberOfPagesIsRoundedUp) {
   With(25, 10);
   EXPECT_EQ(3, at_.list.GetPageTotalCount());

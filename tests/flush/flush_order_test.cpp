@@ -1,7 +1,6 @@
 // The order in which a file of the preference store and an imported file reach the card, and that
 // no descriptor opened on the way survives exec. The calls get their watcher from the linker.
 #include <fcntl.h>
-#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
@@ -111,8 +110,7 @@ int __wrap_renameat2(int fromFolder, const char* from, int toFolder, const char*
 
 namespace {
 
-using testing::ElementsAre;
-using testing::IsEmpty;
+using Events = std::vector<std::string>;
 
 class FlushOrder : public testing::Test {
  protected:
@@ -127,8 +125,8 @@ TEST_F(FlushOrder, AStoredValueIsFlushedBeforeAndAfterItGetsItsName) {
   card_.MakeDir("state");
   const flm_test::ScopedVariable file("FLM_PREFERENCE_FILE", card_.Path("state/store").c_str());
   ASSERT_EQ(0, pref_set_long(1, 856, 10000012));
-  EXPECT_THAT(watch_.events,
-              ElementsAre("flush store.new", "rename to store", "flush store", "flush state"));
+  EXPECT_EQ((Events{"flush store.new", "rename to store", "flush store", "flush state"}),
+            watch_.events);
 }
 
 TEST_F(FlushOrder, FoldersMadeForTheFirstValueAreFlushedToo) {
@@ -146,8 +144,9 @@ TEST_F(FlushOrder, AnImportedFileIsFlushedBeforeAndAfterItGetsItsName) {
   const flm::tool::SourceFile source(card_.Path("source"), "source");
   flm::tool::CopyInto(source, card_.Path("100PHOTO/QVX_0001.JPG"), "QVX_0001.JPG");
   EXPECT_EQ("picture", card_.ReadFile("100PHOTO/QVX_0001.JPG"));
-  EXPECT_THAT(watch_.events, ElementsAre("flush temporary", "rename to QVX_0001.JPG",
-                                         "flush QVX_0001.JPG", "flush 100PHOTO"));
+  EXPECT_EQ(
+      (Events{"flush temporary", "rename to QVX_0001.JPG", "flush QVX_0001.JPG", "flush 100PHOTO"}),
+      watch_.events);
 }
 
 TEST_F(FlushOrder, NoDescriptorOnTheWaySurvivesExec) {
@@ -159,7 +158,7 @@ TEST_F(FlushOrder, NoDescriptorOnTheWaySurvivesExec) {
   const flm::tool::SourceFile source(card_.Path("source"), "source");
   flm::tool::CopyInto(source, card_.Path("QVX_0001.JPG"), "QVX_0001.JPG");
   EXPECT_LE(7, watch_.opens);
-  EXPECT_THAT(watch_.leaks, IsEmpty());
+  EXPECT_EQ(Events{}, watch_.leaks);
 }
 
 }  // namespace

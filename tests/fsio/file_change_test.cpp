@@ -3,7 +3,6 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <atomic>
 #include <string>
 
 #include "fsio/PCQDCFFSIO.h"
@@ -180,37 +179,8 @@ TEST_F(Removing, TheFlushThreadFlushesOnceAndEndsWithZero) {
   card_.MakeFile("f");
   PCQDCFFSIO::RemoveFile(At("f"), true);
   ASSERT_NE(nullptr, ScopedOsCalls::body);
-  EXPECT_EQ(nullptr, ScopedOsCalls::body(nullptr));
+  EXPECT_EQ(nullptr, ScopedOsCalls::body(ScopedOsCalls::argument));
   EXPECT_EQ(1, ScopedOsCalls::syncs);
-}
-
-// A flush that takes until it is told to end, at most 20 seconds.
-class SlowFlush {
- public:
-  SlowFlush() {
-    released = false;
-    ended = false;
-    flm::Os().StartThread = pthread_create;
-    flm::Os().Sync = [] {
-      Wait(released);
-      ended = true;
-    };
-  }
-  static void Wait(const std::atomic<bool>& flag) {
-    for (int i = 0; i < 20000 && !flag; ++i) usleep(1000);
-  }
-  inline static std::atomic<bool> released{false};
-  inline static std::atomic<bool> ended{false};
-};
-
-TEST_F(Removing, DoesNotWaitForTheFlush) {
-  card_.MakeFile("f");
-  const SlowFlush flush;
-  EXPECT_EQ(0, PCQDCFFSIO::RemoveFile(At("f"), true));
-  EXPECT_FALSE(SlowFlush::ended);
-  SlowFlush::released = true;
-  SlowFlush::Wait(SlowFlush::ended);
-  EXPECT_TRUE(SlowFlush::ended);
 }
 
 TEST_F(Removing, AThreadThatCannotBeStartedIsIgnored) {

@@ -24,7 +24,7 @@ TEST(OsCalls, EveryPlaceOfTheTableIsFilled) {
   const flm::OsCalls& os = flm::Os();
   EXPECT_TRUE(os.Stat && os.Fstat && os.Chmod && os.Umask && os.Mkdir && os.Unlink && os.Remove);
   EXPECT_TRUE(os.Sync && os.Opendir && os.Readdir && os.Closedir);
-  EXPECT_TRUE(os.Open && os.Close && os.Read && os.Fdopen && os.Fwrite && os.Fclose);
+  EXPECT_TRUE(os.Open && os.Close && os.Read && os.Fdopen && os.Setvbuf && os.Fwrite && os.Fclose);
   EXPECT_TRUE(os.Time && os.Localtime && os.StartThread);
 }
 

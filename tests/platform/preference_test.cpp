@@ -72,6 +72,31 @@ TEST_F(PreferenceTest, ExtremeValuesComeBack) {
   }
 }
 
+TEST_F(PreferenceTest, ACategoryOrKeyOutOfRangeIsNoStoreOfOurs) {
+  if (sizeof(long) == sizeof(int)) GTEST_SKIP() << "every long is in range here";
+  for (const char* const pair :
+       {"2147483648 856", "-2147483649 856", "1 2147483648", "1 -2147483649"}) {
+    Store(kHeading + std::string("1 856 7\n") + pair + " 7\nend 2\n");
+    EXPECT_EQ(pref_get_long(1, 856), -1) << pair;
+  }
+}
+
+// A process may run without any of the variables; then its user's own home counts.
+TEST_F(PreferenceTest, WithoutVariablesTheUsersHomeIsTaken) {
+  if (geteuid() != 0) GTEST_SKIP() << "only the superuser can act as a user without a home";
+  const ScopedVariable file("FLM_PREFERENCE_FILE", nullptr);
+  const ScopedVariable state("XDG_STATE_HOME", nullptr);
+  const ScopedVariable home("HOME", nullptr);
+  constexpr uid_t kNobody = 65534;
+  constexpr uid_t kUserWithoutEntry = 54321;
+  for (const uid_t user : {kNobody, kUserWithoutEntry}) {
+    ASSERT_EQ(seteuid(user), 0);
+    EXPECT_EQ(pref_get_long(1, 856), -1) << user;
+    EXPECT_EQ(pref_set_long(1, 856, 7), -1) << user;
+    ASSERT_EQ(seteuid(0), 0);
+  }
+}
+
 TEST_F(PreferenceTest, NothingButTheFileIsLeft) {
   pref_set_long(1, 856, 1);
   pref_set_long(1, 856, 2);

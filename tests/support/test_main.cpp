@@ -3,6 +3,7 @@
 // fixed, with a part of an hour in it so that local time is never mistaken for UTC.
 #include <gtest/gtest.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <cstdlib>
 #include <memory>
@@ -12,11 +13,20 @@
 namespace {
 
 class FreshPreference : public testing::EmptyTestEventListener {
+ public:
+  // A child of a test that ends in the ordinary way must not take its parent's store away.
+  ~FreshPreference() override {
+    [[maybe_unused]] static flm_test::ScopedPreference* parents = nullptr;
+    if (getpid() != process_) parents = preference_.release();
+  }
+
+ private:
   void OnTestStart(const testing::TestInfo&) override {
     preference_ = std::make_unique<flm_test::ScopedPreference>();
   }
   void OnTestEnd(const testing::TestInfo&) override { preference_.reset(); }
 
+  const pid_t process_ = getpid();
   std::unique_ptr<flm_test::ScopedPreference> preference_;
 };
 

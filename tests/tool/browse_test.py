@@ -15,7 +15,7 @@ import time
 import unittest
 
 sys.dont_write_bytecode = True  # Keeps the source tree clean.
-from toolcase import BINARY, DONE, FAILED, INTERRUPTED, USAGE, ToolTest
+from toolcase import BINARY, DONE, FAILED, INTERRUPTED, UNREADABLE, USAGE, ToolTest
 
 SKIPPED = 77  # the status that ctest takes for a skipped test
 PICTURES = os.environ.get("FLM_SAMPLE_PICTURES", "")
@@ -258,7 +258,7 @@ class BrowseTest(ToolTest):
         window.type_line(f"{BINARY} browse nowhere; echo status $?")
         shown = window.wait_for(r"(?m)^status \d")
         self.assertRegex(shown, r"(?m)^flm: cannot open nowhere: No such file or directory$")
-        self.assertIn(f"status {FAILED}", shown)
+        self.assertIn(f"status {UNREADABLE}", shown)
         window.type_line(f"clear; TERM=dumb {BINARY} browse card; echo status $?")
         self.assertIn("cursor can be moved", window.wait_for(rf"(?m)^status {USAGE}$"))
 

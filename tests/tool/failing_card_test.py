@@ -8,7 +8,7 @@ import sys
 import unittest
 
 sys.dont_write_bytecode = True  # Keeps the source tree clean.
-from toolcase import ToolTest
+from toolcase import UNREADABLE, ToolTest
 
 LIBRARY = os.environ.get("FLM_FAILING_CARD")
 ORDER = "MISC/AUTPRINT.MRK"
@@ -42,7 +42,8 @@ class FailingCardTest(ToolTest):
         for command in (["print", "set", "card", "1", "0"], ["print", "show", "card"],
                         ["print", "clear", "card"], ["rm", "card", "0"],
                         ["rm", "card", "--all", "--yes"]):
-            self.assertEqual(self.complaint(*command, **self.on_card_that("FLM_FAIL_READ", "1")),
+            self.assertEqual(self.complaint(*command, expect=UNREADABLE,
+                                            **self.on_card_that("FLM_FAIL_READ", "1")),
                              "cannot read card/MISC/AUTPRINT.MRK: Input/output error")
         self.assertEqual(self.order_file.read_bytes(), self.before)
         self.assertEqual(self.lines("count", "card"), ["100"])
