@@ -19,8 +19,8 @@ void MakePrintable(std::string& text);  // in place
 // A name as JSON may hold it: bytes that are no UTF-8 become \xNN, a backslash is doubled,
 // everything else stays.
 std::string JsonText(const std::string& raw);
-// A text of which parts may have been escaped already, as Printable would have made the rest: what a
-// terminal would obey is escaped, and backslashes stay single.
+// A text of which parts may have been escaped already, as Printable would have made the rest: what
+// a terminal would obey is escaped, and backslashes stay single.
 std::string WithoutControls(const std::string& text);
 
 // Columns that a printable text takes: two for the characters of East Asian scripts and pictures,
