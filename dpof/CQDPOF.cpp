@@ -25,7 +25,7 @@ constexpr char kSourceStart[] = "<IMG SRC=\"../";
 constexpr char kSourceEnd[] = "\">\r\n";
 constexpr int kBlockSize = 512;
 // Each write to a card takes its time, however little it writes.
-constexpr size_t kGatheredSize = 32 * 1024;
+constexpr size_t kGatheredSize = size_t{32} * 1024;
 constexpr int kThreeDigits = 3;
 constexpr int kOnePrint = 1;
 
