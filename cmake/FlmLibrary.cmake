@@ -85,7 +85,7 @@ set_target_properties(filelistmanagement PROPERTIES
   SOVERSION ${PROJECT_VERSION_MAJOR}
   LINK_DEPENDS "${flm_exports}")
 target_link_options(filelistmanagement PRIVATE
-  "LINKER:--version-script=${flm_exports}" "LINKER:-z,relro,-z,now,-z,defs,-z,text,-z,noexecstack")
+  "LINKER:--version-script=${flm_exports}" "LINKER:-z,relro,-z,now,-z,defs,-z,text,-z,noexecstack,-z,nodelete")
 
 add_library(filelistmanagement_static STATIC $<TARGET_OBJECTS:flm_objects>)
 add_library(filelistmanagement::filelistmanagement_static ALIAS filelistmanagement_static)

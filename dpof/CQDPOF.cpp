@@ -29,6 +29,33 @@ constexpr size_t kGatheredSize = size_t{32} * 1024;
 constexpr int kThreeDigits = 3;
 constexpr int kOnePrint = 1;
 
+// The file being written, and the memory in which it gathers what is written: that must outlive the
+// file also when the saving thread is cancelled, which unwinds it.
+class OrderFile {
+ public:
+  explicit OrderFile(const char* path) : handle_(PCQDCFFSIO::CreateFileIO(path)) {}
+  ~OrderFile() { Close(); }
+  OrderFile(const OrderFile&) = delete;
+  OrderFile& operator=(const OrderFile&) = delete;
+
+  void* Handle() const { return handle_; }
+
+  void Gather() {
+    gathered_.reset(new (std::nothrow) char[kGatheredSize]);
+    PCQDCFFSIO::GatherIn(handle_, gathered_.get(), kGatheredSize);
+  }
+
+  int Close() {
+    void* const file = handle_;
+    handle_ = nullptr;
+    return PCQDCFFSIO::DestroyFileIO(file);
+  }
+
+ private:
+  void* handle_;  // null when closed
+  std::unique_ptr<char[]> gathered_;
+};
+
 // The path of a file less the storage root and the '/' behind it.
 const char* BelowRoot(const char* path, const CQDCFList& catalogue) {
   const size_t root = std::strlen(catalogue.GetBaseURI());
@@ -69,19 +96,17 @@ CQDPOF::~CQDPOF() = default;
 int CQDPOF::SaveDPOFInfo(const char* path, CQDCFList* catalogue, const char* creator,
                          int fileCount) {
   if (path == nullptr || catalogue == nullptr) return -1;
-  void* const file = PCQDCFFSIO::CreateFileIO(path);
-  if (file == nullptr) return -1;
-  std::unique_ptr<char[]> gathered;
+  OrderFile file(path);
+  if (file.Handle() == nullptr) return -1;
   if (fileCount != 0) {
-    gathered.reset(new (std::nothrow) char[kGatheredSize]);
-    PCQDCFFSIO::GatherIn(file, gathered.get(), kGatheredSize);
+    file.Gather();
     jobCount_ = 0;
-    MakeHeader(file, creator, fileCount);
-    MakeStandard(file, catalogue, fileCount);
-    MakeIndex(file, catalogue, fileCount);
-    MakeSize(file, catalogue, fileCount);
+    MakeHeader(file.Handle(), creator, fileCount);
+    MakeStandard(file.Handle(), catalogue, fileCount);
+    MakeIndex(file.Handle(), catalogue, fileCount);
+    MakeSize(file.Handle(), catalogue, fileCount);
   }
-  return PCQDCFFSIO::DestroyFileIO(file);
+  return file.Close();
 }
 
 int CQDPOF::MakeHeader(void* file, const char* creator, int /*fileCount*/) {

@@ -102,8 +102,10 @@ int CQFileList::Listup(int stopAtFirst) {
   catalogue_->SetMode(GetType());
   catalogue_->SetSeriesMode(seriesMode_);
   if (!HasUsableRoot()) {
-    // As for a tree that cannot be opened, nothing of an earlier scan stays.
+    // As for a tree that cannot be opened, nothing of an earlier scan stays. Nor does its root,
+    // below which a deletion would go on.
     catalogue_->FreeAllDir();
+    catalogue_->SetBaseURI("");
     count_ = -1;
     return count_;
   }

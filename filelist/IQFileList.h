@@ -96,10 +96,11 @@ class FLM_API IQFileList {
   /// @param item file to delete, as GetAt or a walk gave it
   /// @param force deletes a protected file too
   /// @param saveDpof rewrites the print order of the card
-  /// @return the file index of the newest file that is left, above 0, when deleted (a file that was
+  /// @return the last file index as GetLastIndex gives it, above 0, when deleted (a file that was
   ///     gone already counts as deleted); 0 when the file could not be removed, or the list does
-  ///     not hold it or has not been scanned; -2 null item; -100 protected; -1000 the print order
-  ///     could not be saved (the file is deleted)
+  ///     not hold it (a file below the card's root is removed all the same) or has not been
+  ///     scanned; -2 null item; -100 protected; -1000 the print order could not be saved (the file
+  ///     is deleted)
   virtual int Delete(CQFileListItem* item, bool force, bool saveDpof) = 0;
 
   /// Deletes the files, exactly as DeleteAll without a callback.
@@ -146,7 +147,9 @@ class FLM_API IQFileList {
   /// @return as from an item
   virtual int GetFileListIndex(char* path) = 0;
 
-  /// @return index of the cursor's file, -1 for none
+  /// @return index of the cursor's file as the access before left it, -1 for none. Walks over
+  /// marked
+  ///     files, saves of the print order and changes of the list do not keep it up to date
   virtual int GetCurIndex() = 0;
 
   /// @}
@@ -287,8 +290,8 @@ class FLM_API IQFileList {
   /// Moves the cursor to a file.
   /// @param path full path of the file; null leaves no current file
   /// @return 0; -1 without a catalogue; -100 or -101 the path has no folder or file number; -200 or
-  ///     -300 folder or file not found. After a failure the cursor's index is -1, while GetCurrent
-  ///     still gives the file that was current before
+  ///     -300 folder or file not found. After a failure GetCurrent still gives the file that was
+  ///     current before
   virtual int SetCur(char* path) = 0;
 
   /// Moves the cursor to the file at an index.
@@ -381,7 +384,7 @@ class FLM_API IQFileList {
 
   /// @param item the picture, by its filePath
   /// @return prints ordered, 0 for none; -2 null item, -3 empty path, -4 path without an end, -6
-  ///     without a catalogue, -100 the list does not hold the folder
+  ///     without a catalogue, -100 the list does not hold the folder (or the value stored is 255)
   virtual int GetDPOFNumOfCopy(CQFileListItem* item) = 0;
 
   /// @param item the picture, by its filePath
@@ -390,14 +393,15 @@ class FLM_API IQFileList {
 
   /// @param item the picture, by its filePath
   /// @return print size code, 0 for none; -2 null item, -3 empty path or one without an end, -6
-  ///     without a catalogue, -100 the list does not hold the folder
+  ///     without a catalogue, -100 the list does not hold the folder (or the value stored is 255)
   virtual int GetDPOFSize(CQFileListItem* item) = 0;
 
   /// Writes the print order, in place of what the file held. Moves the cursor. An empty list writes
   /// an empty file. Not flushed: a power cut may take it until the system has written it.
   /// @param path file to write; null is "MISC/AUTPRINT.MRK" of the card
   /// @param creator device name, written whole and as given; null writes none
-  /// @return 0; -1 the file cannot be made or closed, or there is no catalogue
+  /// @return 0; -1 the file cannot be made or closed, is a link, or there is no catalogue or usable
+  /// root
   virtual int SaveDPOFInfo(char* path, char* creator) = 0;
 
   /// Reads a print order and sets the marks that it names; clears none.

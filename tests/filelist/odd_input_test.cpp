@@ -5,6 +5,7 @@
 #include <cstring>
 #include <string>
 
+#include "base/bounded_text.h"
 #include "tests/filelist/core_fixture.h"
 
 namespace flm_test {
@@ -83,6 +84,9 @@ TEST_F(OddInput, AnUnusableRootLeavesNothingOfAnEarlierScan) {
   EXPECT_EQ(-1, list.Listup(0));
   EXPECT_EQ(0, list.GetSelCount());
   list.DeleteSel(true, nullptr);
+  CQFileListItem item;
+  flm::CopyText(item.filePath, sizeof(item.filePath), On("DCIM/100PHOTO/QVX_0001.JPG").c_str());
+  EXPECT_EQ(0, list.Delete(&item, true, false));
   EXPECT_TRUE(card.Exists("DCIM/100PHOTO/QVX_0001.JPG"));
 }
 
