@@ -57,7 +57,8 @@ set_target_properties(flm_objects PROPERTIES
   CXX_EXTENSIONS OFF
   POSITION_INDEPENDENT_CODE ON
   CXX_VISIBILITY_PRESET hidden
-  VISIBILITY_INLINES_HIDDEN ON)
+  VISIBILITY_INLINES_HIDDEN ON
+  UNITY_BUILD OFF)
 
 # What both forms of the library ask of the programs that use them.
 function(flm_set_usage target)
@@ -85,7 +86,12 @@ set_target_properties(filelistmanagement PROPERTIES
   SOVERSION ${PROJECT_VERSION_MAJOR}
   LINK_DEPENDS "${flm_exports}")
 target_link_options(filelistmanagement PRIVATE
-  "LINKER:--version-script=${flm_exports}" "LINKER:-z,relro,-z,now,-z,defs,-z,text,-z,noexecstack,-z,nodelete")
+  "LINKER:--version-script=${flm_exports}" "LINKER:-z,relro,-z,now,-z,text,-z,noexecstack,-z,nodelete")
+# A sanitizer's own functions may come with the program.
+string(TOUPPER "${CMAKE_BUILD_TYPE}" flm_build_type)
+if(NOT "${CMAKE_CXX_FLAGS} ${CMAKE_CXX_FLAGS_${flm_build_type}}" MATCHES "-fsanitize")
+  target_link_options(filelistmanagement PRIVATE "LINKER:-z,defs")
+endif()
 
 add_library(filelistmanagement_static STATIC $<TARGET_OBJECTS:flm_objects>)
 add_library(filelistmanagement::filelistmanagement_static ALIAS filelistmanagement_static)

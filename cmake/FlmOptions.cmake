@@ -1,6 +1,6 @@
 # What a build may choose. Everything that needs more than a compiler is off, except the tool, which
 # is left out with a warning when its two header packages are missing.
-option(FLM_BUILD_TOOLS "Build the command-line tool flm" ON)
+option(FLM_BUILD_TOOLS "Build the command-line tool flm" ${PROJECT_IS_TOP_LEVEL})
 option(FLM_BUILD_TESTS "Build the tests (needs the GoogleTest sources)" OFF)
 option(FLM_TEST_PCH "Compile the tests with precompiled headers" ON)
 option(FLM_TOOL_UNITY "Compile the tool's sources in a few large units, which is quicker" OFF)
