@@ -370,7 +370,7 @@ class BrowseTest(ToolTest):
     def test_a_movie_cannot_be_ordered(self):
         self.make_file("DCIM/100PHOTO/QVX_0001.MP4")
         window = self.open()
-        window.press("o", r"QVX_0001\.MP4 cannot be printed: it is no JPG")
+        window.press("o", r"QVX_0001\.MP4 cannot be printed: its name does not end in JPG")
 
     def test_lines_of_other_makers_are_not_dropped_silently(self):
         self.make_sheet(2)

@@ -106,10 +106,26 @@ class RemoveTest(ToolTest):
         self.make_file("DCIM/100PHOTO/QVX_0002.WAV")
         os.chmod(self.root / "DCIM/100PHOTO/QVX_0001.JPG", 0o444)
         before = self.snapshot()
-        self.assertEqual(self.lines("rm", "card", "--all", "--dry-run"), [
+        self.assertEqual(self.lines("rm", "card", "--all", "--dry-run", expect=FAILED), [
             "would keep card/DCIM/100PHOTO/QVX_0001.JPG, which is protected",
             "would remove card/DCIM/100PHOTO/QVX_0002.JPG with QVX_0002.WAV"])
         self.assertEqual(self.snapshot(), before)
+
+    def test_a_dry_run_refuses_what_the_command_refuses(self):
+        self.make_pictures("100PHOTO", 1)
+        elsewhere = self.outside / "elsewhere"
+        elsewhere.mkdir()
+        (elsewhere / "QVX_0002.JPG").touch()
+        (self.root / "DCIM/101PHOTO").symlink_to(elsewhere)
+        for command, target in (("rm", "1"), ("protect", "1")):
+            refusal = self.complaint(command, "card", target)
+            self.assertIn("leads out of the card", refusal)
+            self.assertEqual(self.complaint(command, "card", target, "--dry-run"), refusal)
+        self.make_folder("MISC")
+        (self.root / "MISC/AUTPRINT.MRK").symlink_to("nowhere")
+        refusal = self.complaint("rm", "card", "0")
+        self.assertIn("is a link", refusal)
+        self.assertEqual(self.complaint("rm", "card", "0", "--dry-run"), refusal)
 
     def test_several_files_need_a_yes_and_nobody_is_there_to_ask(self):
         self.make_pictures("100PHOTO", 1, 2)

@@ -118,6 +118,12 @@ class TerminalTest(ToolTest):
         self.assertEqual(self.shown(120, "ls", "card", NO_COLOR="1"),
                          self.run_tool("ls", "card").stdout.decode())
 
+    def test_the_long_table_drops_and_cuts_nothing(self):
+        whole = self.run_tool("ls", "--long", "card").stdout.decode()
+        self.assertIn("COMPANIONS", whole)
+        for columns in (120, 80, 20):
+            self.assertEqual(self.shown(columns, "ls", "--long", "card", NO_COLOR="1"), whole)
+
     def test_wide_characters_take_two_columns(self):
         self.make_file("DCIM/CAMERA/写真写真写真写真写真.jpg")
         lines = self.shown(70, "ls", "card", NO_COLOR="1").splitlines()

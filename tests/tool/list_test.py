@@ -112,6 +112,28 @@ class ListTest(ToolTest):
         self.assertEqual(self.lines("ls", "--paths", "card"), [])
         self.assertEqual(self.lines("count", "card"), ["0"])
 
+    def test_a_companion_is_named_with_its_picture(self):
+        self.make_pictures("100PHOTO", 7)
+        self.make_file("DCIM/100PHOTO/QVX_0007.SRW")
+        for name in ("100PHOTO/QVX_0007.SRW", "QVX_0007.SRW", "card/DCIM/100PHOTO/QVX_0007.SRW"):
+            self.assertEqual(self.complaint("ls", "card", name, expect=NOTHING),
+                             f"{name} is a companion of QVX_0007.JPG, not a file of the list")
+        self.assertEqual(self.complaint("ls", "card", "QVX_0007.WAV", expect=NOTHING),
+                         "no file QVX_0007.WAV on the card")
+
+    def test_companions_are_listed_behind_their_files_when_asked_for(self):
+        self.make_pictures("100PHOTO", 6, 7)
+        self.make_file("DCIM/100PHOTO/QVX_0006.SRW")
+        self.make_file("DCIM/100PHOTO/QVX_0006.WAV")
+        paths = [f"card/DCIM/100PHOTO/QVX_000{name}" for name in ("6.JPG", "6.SRW", "6.WAV", "7.JPG")]
+        self.assertEqual(self.lines("ls", "card", "--paths", "--companions"), paths)
+        self.assertEqual(self.run_tool("ls", "card", "-0", "--companions").stdout.decode(),
+                         "".join(path + "\0" for path in paths))
+        self.assertEqual(self.lines("ls", "card", "--paths"), [paths[0], paths[3]])
+        for form in ((), ("--json",), ("--long",)):
+            self.assertEqual(self.complaint("ls", "card", "--companions", *form, expect=USAGE),
+                             "--companions adds to --paths or -0")
+
 
 class NameTest(ToolTest):
     """Names of any bytes."""
@@ -175,7 +197,7 @@ class InfoTest(ToolTest):
         self.assertEqual(self.index_of("party at the lake.jpg"), 0)
 
     def test_a_name_that_occurs_twice_needs_its_folder(self):
-        self.assertEqual(self.complaint("info", "card", "QVX_0002.JPG"),
+        self.assertEqual(self.complaint("info", "card", "QVX_0002.JPG", expect=USAGE),
                          "QVX_0002.JPG is the name of 2 files: name the folder too")
         self.assertEqual(self.index_of("101PHOTO/QVX_0002.JPG"), 3)
 
@@ -286,6 +308,19 @@ class BadInputTest(ToolTest):
                                   cwd=self.outside, env=self.env, check=False)
         self.assertEqual(done.returncode, FAILED)
         self.assertEqual(done.stderr, b"flm: cannot write the output: No space left on device\n")
+
+    def test_names_that_could_be_overlooked_stand_in_quotes(self):
+        self.make_pictures("100PHOTO", 1)
+        self.assertEqual(self.complaint("ls", "card", " ", expect=NOTHING), 'no file " " on the card')
+        self.assertEqual(self.complaint("ls", "card", "a ", expect=NOTHING), 'no file "a " on the card')
+        self.assertEqual(self.complaint("ls", "card", "a b", expect=NOTHING), "no file a b on the card")
+        self.assertEqual(self.complaint("ls", " ", expect=UNREADABLE),
+                         'cannot open " ": No such file or directory')
+        self.assertIn('"" has no extension', self.complaint("import", "card", ""))
+
+    def test_every_help_ends_with_the_exit_status(self):
+        for command in (("ls",), ("count",), ("check",), ("rm",), ("import",), ("print", "save"), ("new",)):
+            self.assertIn("Exit status: 0 done", self.run_tool(*command, "--help").stdout.decode())
 
 
 class MkcardTest(ToolTest):

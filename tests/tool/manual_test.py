@@ -40,11 +40,24 @@ class ManualTest(ToolTest):
                                   stdout=subprocess.PIPE, stderr=subprocess.PIPE, check=False, text=True)
             self.assertEqual((done.returncode, done.stderr), (0, ""), example)
             output[example.split("\n")[0]] = done.stdout
-        # Six files were locked, one of them with companions maybe; their copies are all there is.
-        self.assertEqual(len(list((self.outside / "locked").iterdir())), 6)
+        # The six files that were locked, those that are left, were copied with their companions.
+        copies = sorted(path.name for path in (self.outside / "locked").rglob("*") if path.is_file())
+        left = self.lines("ls", "card", "--paths", "--companions")
+        self.assertEqual(copies, sorted(path.rpartition("/")[2] for path in left))
+        self.assertEqual(len(self.lines("ls", "card", "--paths")), 6)
         self.assertGreater(len((self.outside / "movies.tsv").read_text().splitlines()), 1)
         self.assertEqual(self.lines("count", "card"), ["6"])
         self.assertIn("nothing to report", output["flm --read-only check card"])
+
+    def test_the_largest_file_may_have_blanks_in_its_name(self):
+        self.make_file("DCIM/CAMERA/party at the lake.jpg", b"x" * 900)
+        self.make_file("DCIM/CAMERA/a 9999 b 9999 c.jpg", b"x" * 80)
+        (self.outside / "bin").mkdir()
+        (self.outside / "bin/flm").symlink_to(BINARY)
+        (largest,) = [example for example in self.examples() if "sort" in example]
+        done = subprocess.run(["bash", "-c", largest], cwd=self.outside, stdout=subprocess.PIPE, text=True,
+                              env=dict(self.env, PATH=f"{self.outside}/bin:{self.env['PATH']}"), check=True)
+        self.assertEqual(done.stdout, "card/DCIM/CAMERA/party at the lake.jpg\t900\n")
 
     def test_every_command_and_option_is_in_it(self):
         plain = re.sub(r"\\&", "", self.text)

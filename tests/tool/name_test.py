@@ -1,6 +1,7 @@
 #!/usr/bin/env python3
 """Naming new files: new, next, import, last, set-last, avail, series."""
 import datetime
+import json
 import os
 import resource
 import signal
@@ -222,6 +223,36 @@ class ImportTest(ToolTest):
                         ("next", "card")):
             self.assertEqual(self.complaint(*command, "--date-folders"), reason)
         self.assertEqual((self.root / f"DCIM/{folder}/QVX_0002.JPG").read_bytes(), b"old")
+
+    def test_import_shows_its_progress_a_file_at_a_time(self):
+        for name in ("a.jpg", "b.srw", "c.jpg"):
+            (self.outside / name).write_bytes(b"x")
+        done = self.run_tool("import", "card", "a.jpg", "b.srw", "c.jpg", "--progress", "json")
+        counts = [json.loads(line) for line in done.stderr.splitlines()]
+        self.assertEqual(counts[0]["total"], 3)
+        self.assertEqual(counts[-1], {"done": 3, "total": 3})
+        self.assertEqual(len(done.stdout.splitlines()), 3)
+        self.assertEqual(self.run_tool("import", "card", "a.jpg", "--progress", "always").stderr, b"1/1\n")
+        self.assertEqual(self.run_tool("import", "card", "a.jpg").stderr, b"")
+
+    def test_import_numbers_a_raw_file_and_a_picture_of_one_name_apart(self):
+        for name in ("shot.jpg", "shot.srw"):
+            (self.outside / name).write_bytes(b"x")
+        self.assertEqual([path[-12:] for path in self.lines("import", "card", "shot.jpg", "shot.srw")],
+                         ["QVX_0001.JPG", "QVX_0002.SRW"])
+
+    def test_import_writes_raw_paths_into_a_pipe(self):
+        card = self.outside / "two\nlines\\"
+        card.mkdir()
+        (self.outside / "a.jpg").write_bytes(b"x")
+        path = f"{card}/DCIM/100PHOTO/QVX_000".encode()
+        self.assertEqual(self.run_tool("import", card, "a.jpg").stdout, path + b"1.JPG\n")
+        self.assertEqual(self.run_tool("import", card, "a.jpg", "a.jpg", "-0").stdout,
+                         path + b"2.JPG\0" + path + b"3.JPG\0")
+        self.assertIn("two\\x0Alines", self.shown(200, "import", str(card), "a.jpg"))
+
+    def test_a_card_that_may_not_change_is_told_before_bad_names(self):
+        self.assertIn("--read-only", self.complaint("--read-only", "import", "card", "a.txt", expect=USAGE))
 
 
 if __name__ == "__main__":

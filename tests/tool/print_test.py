@@ -6,7 +6,7 @@ import sys
 import unittest
 
 sys.dont_write_bytecode = True  # Keeps the source tree clean.
-from toolcase import FAILED, UNREADABLE, USAGE, ToolTest
+from toolcase import FAILED, NOTHING, UNREADABLE, USAGE, ToolTest
 
 HEADER = "[HDR]\r\nGEN REV=01.10\r\nGEN CRT=\"CAM\"\r\n\r\n"
 
@@ -61,7 +61,8 @@ class PrintTest(ToolTest):
 
     def test_only_pictures_can_be_ordered(self):
         self.assertEqual(self.complaint("print", "set", "card", "1", "2"),
-                         "card/DCIM/101PHOTO/QVX_0003.MP4 cannot be printed: it is no JPG")
+                         "card/DCIM/101PHOTO/QVX_0003.MP4 cannot be printed: its name does not end in JPG "
+                         "in capitals")
         self.assertFalse(self.order_file.exists())
 
     def test_values_outside_the_order_are_wrong_usage(self):
@@ -148,6 +149,56 @@ class PrintTest(ToolTest):
             self.assertEqual(self.complaint(*arguments, expect=UNREADABLE, **options),
                              "cannot read card/DCIM/100PHOTO: Permission denied")
         self.assertEqual(self.text(), before)
+
+    def test_an_order_in_a_folder_that_cannot_be_searched_is_not_taken_for_none(self):
+        self.run_tool("print", "set", "card", "2", "0")
+        before = self.text()
+        for path, mode in ((self.root / "MISC", 0), (self.root / "MISC", 0o444), (self.order_file, 0)):
+            kept = path.stat().st_mode
+            path.chmod(mode)
+            options = self.as_nobody()
+            for arguments in (("print", "show", "card"), ("print", "set", "card", "1", "1"),
+                              ("rm", "card", "0"), ("rm", "card", "0", "--dry-run"),
+                              ("rm", "card", "--all", "--yes"), ("new", "card", "jpg")):
+                self.assertEqual(self.complaint(*arguments, expect=UNREADABLE, **options),
+                                 "cannot read card/MISC/AUTPRINT.MRK: Permission denied")
+            self.assertIn("card/MISC/AUTPRINT.MRK: cannot be read: Permission denied",
+                          self.lines("check", "card", expect=FAILED, **options))
+            path.chmod(kept)
+        self.assertEqual(self.text(), before)
+        self.assertEqual(self.lines("count", "card"), ["3"])
+
+    def test_filters_that_leave_no_picture_are_told_and_write_nothing(self):
+        self.run_tool("print", "set", "card", "2", "0")
+        before = self.text()
+        for arguments in (("set", "card", "1"), ("size", "card", "3")):
+            self.assertEqual(self.complaint("print", *arguments, "--type", "mp4", expect=NOTHING),
+                             "no file that can be printed: the name of none ends in JPG in capitals")
+        self.make_file("movies/DCIM/100PHOTO/QVX_0001.MP4")
+        self.complaint("print", "set", "movies", "1", "--all", expect=NOTHING, cwd=self.root)
+        self.assertEqual(self.text(), before)
+        self.assertFalse((self.root / "movies/MISC/AUTPRINT.MRK").exists())
+
+    def test_a_free_name_that_ends_in_small_letters_cannot_be_printed(self):
+        self.make_file("DCIM/CAMERA/party at the lake.jpg")
+        self.assertEqual(self.complaint("print", "set", "card", "1", "0"),
+                         "card/DCIM/CAMERA/party at the lake.jpg cannot be printed: its name does not "
+                         "end in JPG in capitals")
+
+    def test_keys_that_are_not_known_are_told_before_they_are_dropped(self):
+        self.make_file("MISC/AUTPRINT.MRK", b"[HDR]\nGEN REV=01.10\nGEN DTM=2026:03:15\n\n[JOB]\n"
+                                            b"PRT PID=001\nPRT TYP=STD\nPRT QTY=001\nPRT DPI=300\n"
+                                            b"IMG FMT=EXIF2 -J\nIMG SRC=\"../DCIM/100PHOTO/QVX_0001.JPG\"\n"
+                                            b"IMG ROT=090\nUSR NAM=\"Ann\"\nFOO BAR\n")
+        dropped = ["GEN DTM=2026:03:15", "PRT DPI=300", "IMG ROT=090", "USR NAM=\"Ann\"", "FOO BAR"]
+        found = [f["reason"] for f in self.json("check", "card", "--json", expect=FAILED)["findings"]]
+        self.assertEqual(found, [f"line {line}: \"{text}\" is not known"
+                                 for line, text in zip((3, 9, 12, 13, 14), dropped)])
+        self.assertEqual(self.run_tool("print", "save", "card").stderr,
+                         b"flm: 5 lines of the print order are not understood and will be dropped "
+                         b"(see flm check)\n")
+        self.assertEqual(self.lines("check", "card")[0], "nothing to report")
+        self.assertEqual(self.order(), [("100PHOTO/QVX_0001.JPG", 1, False, 0)])
 
 
 if __name__ == "__main__":

@@ -8,7 +8,7 @@ import sys
 import unittest
 
 sys.dont_write_bytecode = True  # Keeps the source tree clean.
-from toolcase import USAGE, ToolTest, unescape
+from toolcase import UNREADABLE, USAGE, ToolTest, unescape
 
 
 def on_card(text):
@@ -167,7 +167,7 @@ class ScanTest(ToolTest):
         self.make_pictures("100PHOTO", 1)
         self.make_folder("DCIM/101PHOTO")
         (self.root / "DCIM/101PHOTO").chmod(0)
-        explained = self.check_every_name(**self.as_nobody())
+        explained = self.check_every_name(expect=UNREADABLE, **self.as_nobody())
         self.assertEqual(explained, {"DCIM/101PHOTO": ("unreadable", "cannot be read: Permission denied")})
 
     def test_links_are_named_and_not_followed(self):

@@ -12,7 +12,7 @@ _flm_commands() {
 _flm_options() {
   case $1 in
     '') echo -h --help --version --help-all --read-only --progress --color ;;
-    'ls') echo -h --help --help-all -l --long --json --jsonl --tsv --paths -0 --null --non-dcf --no-non-dcf --protected --unprotected --selected --with-companion --type --since --read-only --progress --color ;;
+    'ls') echo -h --help --help-all -l --long --json --jsonl --tsv --paths -0 --null --companions --non-dcf --no-non-dcf --protected --unprotected --selected --with-companion --type --since --read-only --progress --color ;;
     'count') echo -h --help --help-all --non-dcf --no-non-dcf --protected --unprotected --selected --with-companion --type --since --read-only --progress --color ;;
     'info') echo -h --help --help-all --json --read-only --progress --color ;;
     'mkcard') echo -h --help --help-all --files --dirs --companions --camera --jpeg --movies --seed --prefix --read-only --progress --color ;;
@@ -24,7 +24,7 @@ _flm_options() {
     'series') echo -h --help --help-all --read-only --progress --color ;;
     'series show') echo -h --help --help-all --read-only --progress --color ;;
     'series set') echo -h --help --help-all --force --dry-run --read-only --progress --color ;;
-    'import') echo -h --help --help-all --series --prefix --date-files --date-folders --3d --read-only --progress --color ;;
+    'import') echo -h --help --help-all --series --prefix --date-files --date-folders --3d -0 --null --read-only --progress --color ;;
     'protect') echo -h --help --help-all -a --all -y --yes -q --quiet -n --dry-run --protected --unprotected --selected --with-companion --type --since --read-only --progress --color ;;
     'unprotect') echo -h --help --help-all -a --all -y --yes -q --quiet -n --dry-run --protected --unprotected --selected --with-companion --type --since --read-only --progress --color ;;
     'rm') echo -h --help --help-all -a --all -y --yes -q --quiet -n --dry-run -f --force --protected --unprotected --selected --with-companion --type --since --read-only --progress --color ;;

@@ -22,7 +22,8 @@ void AddBrowseCommand(CLI::App& app, Action& action) {
   const auto options = std::make_shared<BrowseOptions>();
   const auto way = std::make_shared<std::string>("auto");
   CLI::App& browse = *app.add_subcommand("browse", "Look at the pictures on the terminal");
-  browse.footer(
+  AddFooter(
+      browse,
       "Arrows and page keys move, space selects, p protects, d deletes, o orders prints, ? lists "
       "every key, q saves the print order and leaves.");
   AddRoot(browse, options->card.root);

@@ -136,7 +136,8 @@ void Sheet::Order(int more) {
   Entry& entry = page_[static_cast<size_t>(Position())];
   const int copies = std::clamp(entry.item.dpofCopies + more, 0, kMostPrints);
   if (list_.SetDPOF(&entry.item, copies) < 0) {
-    throw Failure(Printable(BaseName(entry.Path())) + " cannot be printed: it is no JPG");
+    throw Failure(Printable(BaseName(entry.Path())) +
+                  " cannot be printed: its name does not end in JPG in capitals");
   }
   if (copies != entry.item.dpofCopies) orderChanged_ = true;
   entry.item.dpofCopies = static_cast<uint8_t>(copies);

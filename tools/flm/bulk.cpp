@@ -12,6 +12,7 @@
 #include "progress.h"
 #include "select.h"
 #include "text.h"
+#include "unreadable.h"
 
 namespace flm::tool {
 namespace {
@@ -52,7 +53,9 @@ std::vector<Entry> BulkTargets(Card& card, const BulkOptions& options) {
   Choice(card, options.files, options.filter).ForEach([&](const Entry& entry) {
     targets.push_back(entry);
   });
-  if (targets.empty() && options.filter.IsSet()) throw NothingMatches();
+  if (targets.empty() && options.filter.IsSet()) {
+    throw NotThere(card, "no file matches");
+  }
   return targets;
 }
 

@@ -1,6 +1,5 @@
 #include "card.h"
 
-#include <dirent.h>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -57,18 +56,12 @@ void ForbidChanges() {
 
 Failure NoCard(const std::string& message) { return Failure(message, kStatusUnreadable); }
 
-bool CanRead(const char* folder) {
-  DIR* const dir = opendir(folder);
-  if (dir == nullptr) return false;
-  closedir(dir);
-  return true;
-}
-
 void RequireReadableFolder(const char* folder, const std::string& shown) {
   struct stat status;
   if (stat(folder, &status) != 0) throw NoCard(WithReason("cannot open " + shown, errno));
   if (!S_ISDIR(status.st_mode)) throw NoCard(shown + " is not a folder");
-  if (!CanRead(folder)) throw NoCard(WithReason("cannot read " + shown, errno));
+  const int error = FolderError(folder);
+  if (error != 0) throw NoCard(WithReason("cannot read " + shown, error));
 }
 
 // The store's file is named relative to where the user is, and the tool is about to leave.
@@ -126,7 +119,7 @@ Card::~Card() { CBIFileListManager::Destroy(); }
 
 void Card::Enter(Access access) {
   if (root_.empty()) throw Failure("the name of the card's folder is empty", kStatusUsage);
-  const std::string shown = Printable(root_);
+  const std::string shown = Named(root_);
   RequireReadableFolder(root_.c_str(), shown);
   KeepPreferenceFile(outside_);
   if (chdir(root_.c_str()) != 0) throw NoCard(WithReason("cannot enter " + shown, errno));
@@ -137,7 +130,10 @@ void Card::Enter(Access access) {
     throw NoCard(std::string("no ") + kStillTree + " folder in " + shown);
   }
   if (hadTree_) RequireReadableFolder(kStillTree, Shown(std::string("./") + kStillTree));
-  if (access == Access::kLook) return;
+  if (access != Access::kLook) RequireTreesOnCard();
+}
+
+void Card::RequireTreesOnCard() const {
   for (const char* const folder : {kStillTree, kMiscFolder}) {
     RequireOnCard(std::string("./") + folder);
   }
@@ -152,9 +148,7 @@ void Card::RequireOnCard(const std::string& libraryPath) const {
 }
 
 void Card::RequireReadable() const {
-  for (const Unreadable& folder : UnreadableFolders()) {
-    throw NoCard(WithReason("cannot read " + Shown(folder.path), folder.error));
-  }
+  for (const Unreadable& folder : UnreadableFolders()) throw NoCard(Describe(*this, folder));
   const std::string order = PrintOrderPath();
   const int error = HasPrintOrder() ? PrintOrderError() : 0;
   if (error != 0) throw NoCard(WithReason("cannot read " + Shown(order), error));
@@ -179,7 +173,7 @@ void Card::Scan(const CardOptions& options, Access access) {
       throw Failure(
           WithReason("cannot make the folder " + Printable(root_) + "/" + kStillTree, errno));
     }
-    throw NoCard("cannot read the files of " + Printable(root_));
+    throw NoCard("cannot read the files of " + Named(root_));
   }
 }
 

@@ -58,6 +58,9 @@ class Card {
   // it. One that is not there leads nowhere.
   void RequireOnCard(const std::string& libraryPath) const;
 
+  // The same for the folders of the files and of the print order. Changing cards have done it.
+  void RequireTreesOnCard() const;
+
   // Removes the folders of the card that this process made and that are still empty.
   void RemoveNewEmptyFolders() const;
 

@@ -109,7 +109,7 @@ int RunCheck(const CheckOptions& options) {
 void AddCheckCommand(CLI::App& app, Action& action) {
   const auto options = std::make_shared<CheckOptions>();
   CLI::App& check = *app.add_subcommand("check", "Report what would be refused, hidden or lost");
-  check.footer("The exit status is 1 when there is something to report.");
+  AddFooter(check, "The exit status is 1 when there is something to report.");
   AddRoot(check, options->card.root);
   check.add_flag("--json", options->json, "One object");
   check.callback([options, &action] { action = [options] { return RunCheck(*options); }; });

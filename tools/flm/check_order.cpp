@@ -2,6 +2,7 @@
 #include <sys/stat.h>
 
 #include <algorithm>
+#include <iterator>
 #include <set>
 
 #include "dcf/dcf_name.h"
@@ -19,6 +20,10 @@ namespace {
 constexpr size_t kUpwards = 3;  // the "../" in front of every source
 constexpr size_t kKeyLength = 7;
 constexpr size_t kQuantityDigits = 2;  // of the highest quantity, 99
+
+// What the list reads, or writes itself again.
+constexpr const char* kKnownStarts[] = {"[HDR]",   "[JOB]",   "GEN REV", "GEN CRT", "PRT PID",
+                                        "PRT TYP", "PRT QTY", "IMG FMT", "IMG SRC", "<IMG SR"};
 
 class OrderCheck {
  public:
@@ -52,7 +57,16 @@ class OrderCheck {
     } else if (IsMisspeltKey()) {
       AddDropped("\"" + line_ +
                  "\" is passed over: keys are in capitals and begin at the start of the line");
+    } else {
+      CheckKey();
     }
+  }
+
+  void CheckKey() {
+    const bool empty = std::all_of(line_.begin(), line_.end(), IsBlank);
+    const bool known = std::any_of(std::begin(kKnownStarts), std::end(kKnownStarts),
+                                   [&](const char* start) { return StartsWith(line_, start); });
+    if (!empty && !known) AddDropped("\"" + line_ + "\" is not known");
   }
 
   // Whether the line begins with a key of a job but for its case or blanks in front.
@@ -92,7 +106,9 @@ class OrderCheck {
     const std::string wanted = Upper(key);
     if (key != wanted && (wanted == "PRT TYP" || wanted == "PRT QTY")) {
       AddDropped("\"" + line_ + "\" is passed over: keys are in capitals");
+      return;
     }
+    CheckKey();
   }
 
   void CheckQuantity(const std::string& value) {
@@ -119,7 +135,10 @@ class OrderCheck {
 
   void CheckImage() {
     const std::string key = line_.substr(0, kKeyLength);
-    if (key != "IMG SRC" && key != "<IMG SR") return;
+    if (key != "IMG SRC" && key != "<IMG SR") {
+      CheckKey();
+      return;
+    }
     const size_t first = line_.find('"');
     const size_t second = first == std::string::npos ? first : line_.find('"', first + 1);
     if (second == std::string::npos) {

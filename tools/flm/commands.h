@@ -31,6 +31,8 @@ void AddScanCommand(CLI::App& app, Action& action);      // scan
 
 // The argument that names the card.
 void AddRoot(CLI::App& command, std::string& root);
+// What its help ends with, in front of what all of them end with.
+void AddFooter(CLI::App& command, const std::string& text);
 // The option that leaves the CAMERA folder out.
 void AddNonDcf(CLI::App& command, bool& nonDcf);
 

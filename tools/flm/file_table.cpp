@@ -195,7 +195,7 @@ int PrintFileTable(Card& card, Choice& choice, bool exact) {
     if (!entry.companions.empty()) layout.Take(kCompanions, CompanionsText(entry, exact));
   });
   TakeExtremes(rows, layout);
-  if (OutputIsTerminal()) layout.Fit(TerminalWidth());
+  if (OutputIsTerminal() && !exact) layout.Fit(TerminalWidth());
   const bool colored = ColorsAreWanted();
   Cells headings;
   std::copy(kHeadings.begin(), kHeadings.end(), headings.begin());

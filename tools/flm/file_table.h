@@ -1,4 +1,4 @@
-// The table of files for people: as wide as it needs to be, or as the terminal is.
+// The table of files for people: as wide as it needs to be, or cut to the terminal.
 #ifndef FILELISTMANAGEMENT_TOOLS_FILE_TABLE_H
 #define FILELISTMANAGEMENT_TOOLS_FILE_TABLE_H
 
@@ -6,8 +6,8 @@
 
 namespace flm::tool {
 
-// Prints the files of the choice, with exact sizes and spelled-out marks if `exact`; how many there
-// were.
+// Prints the files of the choice; if `exact` with exact sizes and spelled-out marks, and as wide as
+// that takes. How many there were.
 int PrintFileTable(Card& card, Choice& choice, bool exact);
 
 }  // namespace flm::tool

@@ -45,7 +45,7 @@ bool IsDate(const std::tm& parts) {
 std::string DateError(const std::string& text) {
   std::time_t time = 0;
   if (ParseLocalTime(text, &time)) return "";
-  return Printable(text) + " is no date such as 2024-03-05 or 2024-03-05T09:07";
+  return Named(text) + " is no date such as 2024-03-05 or 2024-03-05T09:07";
 }
 
 std::string TypeError(const std::string& text) {

@@ -117,10 +117,10 @@ class CardMaker {
   void MakeRoot() {
     std::error_code error;
     std::filesystem::create_directories(options_.folder, error);
-    if (error) throw Failure("cannot make " + Printable(options_.folder) + ": " + error.message());
+    if (error) throw Failure("cannot make " + Named(options_.folder) + ": " + error.message());
     struct stat status;
     if (lstat(tree_.c_str(), &status) == 0) {
-      throw Failure(Printable(options_.folder) + " has a DCIM folder already");
+      throw Failure(Named(options_.folder) + " has a DCIM folder already");
     }
   }
 
@@ -198,7 +198,7 @@ int RunMkcard(const MkcardOptions& options) {
   }
   CardMaker maker(options);
   maker.Make();
-  PrintLine(Printable(options.folder) + ": " + maker.Summary());
+  PrintLine(Named(options.folder) + ": " + maker.Summary());
   return kStatusDone;
 }
 
@@ -207,7 +207,8 @@ int RunMkcard(const MkcardOptions& options) {
 void AddMkcardCommand(CLI::App& app, Action& action) {
   const auto options = std::make_shared<MkcardOptions>();
   CLI::App& make = *app.add_subcommand("mkcard", "Make a sample card");
-  make.footer("The same options and seed give the same names, bytes and times on every machine.");
+  AddFooter(make,
+            "The same options and seed give the same names, bytes and times on every machine.");
   make.add_option("DIR", options->folder, "The card's folder; it must not have a DCIM folder yet")
       ->required();
   make.add_option("--files", options->files, "Files in the numbered folders")

@@ -12,7 +12,6 @@
 #include "naming.h"
 #include "numbers.h"
 #include "output.h"
-#include "terminal.h"
 #include "text.h"
 
 namespace flm::tool {
@@ -24,19 +23,11 @@ struct NameOptions {
   bool nul = false;
 };
 
-// A program that asks for a name takes the path as it is; only a terminal is spared what the path
-// to the card may hold.
-void PrintPath(const Card& card, const std::string& path, bool nul) {
-  std::string text = OutputIsTerminal() ? card.Shown(path) : card.UserPath(path);
-  text += nul ? '\0' : '\n';
-  Print(text);
-}
-
 const Kind& RequireKind(const std::string& word) {
   const Kind* const kind = FindKind(word);
   if (kind == nullptr) {
     const std::string what =
-        word.empty() ? "the kind of file is empty" : Printable(word) + " is no kind of file";
+        word.empty() ? "the kind of file is empty" : Named(word) + " is no kind of file";
     throw Failure(what + " (" + KindWords() + ")", kStatusUsage);
   }
   return *kind;
@@ -49,7 +40,7 @@ int RunNew(const NameOptions& options) {
   try {
     const NewName name = ReserveName(card, kind, options.naming.series);
     WarnUnlessKept(name);
-    PrintPath(card, name.path, options.nul);
+    PrintNewPath(card, name.path, options.nul);
   } catch (const Failure&) {
     card.RemoveNewEmptyFolders();
     throw;
@@ -123,12 +114,8 @@ int RunNext(const NameOptions& options) {
       NextPrefix(options.naming, kind) + Padded(next.file, 4) + "." + Upper(kind.word);
   const std::string folder = std::string("./") + kStillTree + "/" + Padded(next.folder, 3) + suffix;
   RequireFree(card, folder + "/" + name);
-  PrintPath(card, folder + "/" + name, options.nul);
+  PrintNewPath(card, folder + "/" + name, options.nul);
   return kStatusDone;
-}
-
-void AddNul(CLI::App& command, bool& nul) {
-  command.add_flag("-0,--null", nul, "End the path with a NUL");
 }
 
 std::string KindsHelp() { return "The kind of file: " + KindWords(); }
@@ -138,7 +125,8 @@ std::string KindsHelp() { return "The kind of file: " + KindWords(); }
 void AddNameCommands(CLI::App& app, Action& action) {
   const auto options = std::make_shared<NameOptions>();
   CLI::App& reserve = *app.add_subcommand("new", "Reserve the next file name and print its path");
-  reserve.footer(
+  AddFooter(
+      reserve,
       "The folder is made, the file is not: whoever asks writes it. Until a file stands under the "
       "name, the next call gives the same name again (with --series the number is used up).");
   AddRoot(reserve, options->naming.card.root);

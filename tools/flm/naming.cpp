@@ -9,8 +9,10 @@
 #include "copy_file.h"
 #include "dcf/dcf_name.h"
 #include "failure.h"
+#include "output.h"
 #include "prefix_check.h"
 #include "series_store.h"
+#include "terminal.h"
 #include "text.h"
 
 namespace flm::tool {
@@ -107,6 +109,16 @@ NewName ReserveName(Card& card, const Kind& kind, bool series) {
     throw;
   }
   return name;
+}
+
+void PrintNewPath(const Card& card, const std::string& path, bool nul) {
+  std::string text = OutputIsTerminal() ? card.Shown(path) : card.UserPath(path);
+  text += nul ? '\0' : '\n';
+  Print(text);
+}
+
+void AddNul(CLI::App& command, bool& nul) {
+  command.add_flag("-0,--null", nul, "End each path with a NUL");
 }
 
 }  // namespace flm::tool

@@ -55,6 +55,11 @@ NewName ReserveName(Card& card, const Kind& kind, bool series);
 // a name that was given out.
 void WarnUnlessKept(const NewName& name);
 
+// Prints the path of a new file. A program that asks for a name takes the path as it is; only a
+// terminal is spared what the path to the card may hold.
+void PrintNewPath(const Card& card, const std::string& path, bool nul);
+void AddNul(CLI::App& command, bool& nul);
+
 // Throws Failure unless one more file may be named.
 void RequireRoom(Card& card);
 

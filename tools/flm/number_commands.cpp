@@ -9,6 +9,7 @@
 #include "numbers.h"
 #include "output.h"
 #include "series_store.h"
+#include "unreadable.h"
 
 namespace flm::tool {
 namespace {
@@ -29,15 +30,18 @@ FileNumber LastOf(Card& card) {
 
 int RunLast(const NumberOptions& options) {
   Card card(options.card, Access::kLook);
+  // The CAMERA folder has no part in the numbers.
+  const int whole = TellUnreadable(card, false);
   if (options.series) card.List().SetSeriesMode(true);
   PrintLine(NumberText(LastOf(card)));
-  return kStatusDone;
+  return whole;
 }
 
 int RunAvail(const NumberOptions& options) {
   Card card(options.card, Access::kLook);
+  const int whole = TellUnreadable(card);
   PrintLine(std::to_string(card.List().GetAvailNumOfPhoto()));
-  return kStatusDone;
+  return whole;
 }
 
 void RequireHigher(const FileNumber& wanted, const FileNumber& last, bool force) {
@@ -111,13 +115,14 @@ void AddNumberCommands(CLI::App& app, Action& action) {
   last.callback([options, &action] { action = [options] { return RunLast(*options); }; });
 
   CLI::App& setLast = *app.add_subcommand("set-last", "Set the number that numbering goes on from");
-  setLast.footer("The number is kept on this machine, not on the card: `new --series` follows it.");
+  AddFooter(setLast,
+            "The number is kept on this machine, not on the card: `new --series` follows it.");
   AddRoot(setLast, options->card.root);
   AddSetting(setLast, *options);
   setLast.callback([options, &action] { action = [options] { return RunSetLast(*options); }; });
 
   CLI::App& avail = *app.add_subcommand("avail", "Print how many more files can be numbered");
-  avail.footer("At most 1000 while a folder number is left.");
+  AddFooter(avail, "At most 1000 while a folder number is left.");
   AddRoot(avail, options->card.root);
   avail.callback([options, &action] { action = [options] { return RunAvail(*options); }; });
 

@@ -25,8 +25,7 @@ FileNumber ParseNumber(const std::string& text) {
   number.folder = ParsePart(text.substr(0, slash));
   number.file = slash == std::string::npos ? -1 : ParsePart(text.substr(slash + 1));
   if (number.folder < kFirstDirNumber || number.folder > kLastDirNumber || number.file < 0) {
-    throw Failure(Printable(text) +
-                      " is not a folder number (100 to 999) and a file number (0 to " +
+    throw Failure(Named(text) + " is not a folder number (100 to 999) and a file number (0 to " +
                       "9999) such as 105/0020",
                   kStatusUsage);
   }

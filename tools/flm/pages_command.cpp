@@ -10,6 +10,7 @@
 #include "output.h"
 #include "rows.h"
 #include "text.h"
+#include "unreadable.h"
 
 namespace flm::tool {
 namespace {
@@ -56,13 +57,14 @@ nlohmann::ordered_json PageJson(const Card& card, int page, int size, const Item
 
 int RunPages(const PagesOptions& options) {
   Card card(options.card, Access::kLook);
+  const int whole = TellUnreadable(card);
   CQFileList& list = card.List();
   list.InitPage(options.size);
   const int pages = list.GetPageTotalCount();
   if (options.page >= pages) {
     throw Failure(
         "no page " + std::to_string(options.page) + ": the card has " + Counted(pages, "page"),
-        kStatusNothing);
+        whole == kStatusDone ? kStatusNothing : whole);
   }
   const int first = options.page == kEveryPage ? 0 : options.page;
   const int end = options.page == kEveryPage ? pages : options.page + 1;
@@ -76,7 +78,7 @@ int RunPages(const PagesOptions& options) {
     }
   }
   if (options.json) rows.End();
-  return kStatusDone;
+  return whole;
 }
 
 }  // namespace

@@ -103,8 +103,10 @@ int RunMark(const PrintOptions& options, Setter setter) {
   bulk.filter = options.filter;
   const bool named = !options.files.empty();
   int status = kStatusDone;
+  bool any = false;
   for (Entry& entry : BulkTargets(card, bulk)) {
     if (!named && !EndsInJpg(entry.item.filePath)) continue;
+    any = true;
     if (!named && options.value != 0 && !CanBeOrdered(entry.Path())) {
       Complain(card.Shown(entry.Path()) +
                " is left out: no line of a print order can hold its name");
@@ -112,8 +114,13 @@ int RunMark(const PrintOptions& options, Setter setter) {
       continue;
     }
     if ((card.List().*setter)(&entry.item, options.value) < 0) {
-      throw Failure(card.Shown(entry.Path()) + " cannot be printed: it is no JPG");
+      throw Failure(card.Shown(entry.Path()) +
+                    " cannot be printed: its name does not end in JPG in capitals");
     }
+  }
+  if (!any) {
+    throw Failure("no file that can be printed: the name of none ends in JPG in capitals",
+                  kStatusNothing);
   }
   Save(card, options);
   return status;
@@ -160,7 +167,7 @@ bool IsPrintOrder(const SourceFile& source) {
 // The list reads orders only from the card's own MISC folder, so the file is brought there first.
 int RunLoad(const PrintOptions& options) {
   Card card(options.card, Access::kChange);
-  const SourceFile source(card.FromOutside(options.from), Printable(options.from));
+  const SourceFile source(card.FromOutside(options.from), Named(options.from));
   if (!IsPrintOrder(source)) throw Failure(source.Shown() + " is no print order");
   if (options.merge) WarnOfDroppedLines(card);
   if (!options.merge) ClearPrintMarks(card);
@@ -227,7 +234,7 @@ void AddWhole(CLI::App& print, Action& action, const Options& options) {
   clear.callback([options, &action] { action = [options] { return RunClear(*options); }; });
 
   CLI::App& save = AddPrint(print, "save", "Write the order again as this tool writes it", options);
-  save.footer("What other makers' orders say beyond copies, index print and sizes is dropped.");
+  AddFooter(save, "What other makers' orders say beyond copies, index print and sizes is dropped.");
   AddCreator(save, options);
   save.callback([options, &action] { action = [options] { return RunSave(*options); }; });
 

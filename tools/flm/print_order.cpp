@@ -106,8 +106,8 @@ std::string NewPrintOrderPath() { return InMisc(kNewFile); }
 
 bool HasPrintOrder() {
   struct stat status;
-  return stat(PrintOrderPath().c_str(), &status) == 0 && S_ISREG(status.st_mode) &&
-         status.st_size > 0;
+  if (stat(PrintOrderPath().c_str(), &status) != 0) return errno != ENOENT && errno != ENOTDIR;
+  return S_ISREG(status.st_mode) && status.st_size > 0;
 }
 
 int PrintOrderError() {

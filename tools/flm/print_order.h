@@ -12,7 +12,8 @@ namespace flm::tool {
 std::string PrintOrderPath();
 std::string NewPrintOrderPath();  // beside it, where a new one grows
 
-// Whether the card has one with something in it.
+// Whether the card has one with something in it, as far as can be told: one that the system keeps
+// from sight counts, since it must not be taken for none.
 bool HasPrintOrder();
 
 // 0 when the order can be read to its end, else the error number. The list takes an order that

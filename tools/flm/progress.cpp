@@ -25,7 +25,8 @@ enum class Form { kNone, kBar, kLines, kJson };
 
 struct State {
   Form form = Form::kNone;
-  bool drawn = false;
+  bool drawn = false;     // ever
+  bool standing = false;  // a bar is on the terminal
   int handled = 0;
   bool cancelled = false;
   Clock::time_point lastDrawing;
@@ -52,6 +53,7 @@ void Draw(int done, int total) {
   if (state.drawn && done < total && now - state.lastDrawing < kBetweenDrawings) return;
   state.lastDrawing = now;
   state.drawn = true;
+  state.standing = state.form == Form::kBar;
   const std::string line = LineOf(done, total);
   std::fwrite(line.data(), 1, line.size(), stderr);
   std::fflush(stderr);
@@ -77,8 +79,8 @@ Progress::Progress(bool quiet) {
 Progress::~Progress() { Wipe(); }
 
 void Progress::Wipe() const {
-  if (state.drawn && state.form == Form::kBar) std::fputs(kWipe, stderr);
-  state.drawn = false;
+  if (state.standing) std::fputs(kWipe, stderr);
+  state.standing = false;
 }
 
 void Progress::Report(int /*index*/, int total, int* /*status*/, bool* cancel) {

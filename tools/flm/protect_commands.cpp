@@ -78,8 +78,9 @@ int RunProtect(const BulkOptions& options, bool on) {
   BeginBulk(options);
   Card card(options.card, options.dryRun ? Access::kLook : Access::kChange);
   std::vector<Entry> targets = BulkTargets(card, options);
-  if (options.dryRun) return DryRun(card, targets, on);
+  card.RequireTreesOnCard();
   RequireOnCard(card, targets, Links::kFollowed);
+  if (options.dryRun) return DryRun(card, targets, on);
   Confirm(options, Verb(on), targets.size());
   // Each file has an item of its own, since an item carries its own companions along.
   const size_t handled = ForEachTarget(
@@ -96,7 +97,8 @@ void AddOne(CLI::App& app, Action& action, bool on) {
   const auto options = std::make_shared<BulkOptions>();
   CLI::App& command = on ? *app.add_subcommand("protect", "Protect files, with their companions")
                          : *app.add_subcommand("unprotect", "Take the protection away again");
-  command.footer(
+  AddFooter(
+      command,
       "A file is protected when its owner may not write it. Each file is looked at again; one that "
       "the card's mount leaves as it was is told, and the exit status is 1.");
   AddBulkOptions(command, *options);

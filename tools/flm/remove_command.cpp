@@ -65,6 +65,7 @@ int DryRun(const Card& card, const std::vector<Entry>& targets, bool force) {
       status = kStatusFailed;
     } else if (IsKept(entry, force)) {
       PrintLine("would keep " + shown + ", which is protected");
+      status = kStatusFailed;
     } else {
       PrintLine("would remove " + shown + NameList(entry.companions));
     }
@@ -224,10 +225,11 @@ int RunRemove(const RemoveOptions& options) {
   Card card(options.bulk.card, options.bulk.dryRun ? Access::kLook : Access::kChange);
   std::vector<Entry> targets = BulkTargets(card, options.bulk);
   for (Entry& entry : targets) AddOwnCompanions(entry);
-  if (options.bulk.dryRun) return DryRun(card, targets, options.force);
+  card.RequireTreesOnCard();
   // A protected file is unprotected first, and that follows links.
   RequireOnCard(card, targets, options.force ? Links::kFollowed : Links::kThemselves);
   RequireUsableOrder(card);
+  if (options.bulk.dryRun) return DryRun(card, targets, options.force);
   Confirm(options.bulk, "remove", targets.size());
   if (targets.empty()) return kStatusDone;
   // Deletion rewrites the print order; whoever made it stays named in it.
@@ -243,7 +245,8 @@ int RunRemove(const RemoveOptions& options) {
 void AddRemoveCommand(CLI::App& app, Action& action) {
   const auto options = std::make_shared<RemoveOptions>();
   CLI::App& remove = *app.add_subcommand("rm", "Remove files, with their companions");
-  remove.footer(
+  AddFooter(
+      remove,
       "A folder that becomes empty is removed too, except the newest one. Protected files are kept "
       "unless --force is given.");
   AddBulkOptions(remove, options->bulk);

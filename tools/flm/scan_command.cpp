@@ -10,6 +10,7 @@
 #include "rows.h"
 #include "table.h"
 #include "text.h"
+#include "unreadable.h"
 
 namespace flm::tool {
 namespace {
@@ -82,6 +83,7 @@ void FolderRows(Card& card, bool nonDcf, RowFormat format) {
 int RunScan(const ScanOptions& options) {
   Card card(options.card, Access::kLook);
   const bool nonDcf = options.card.nonDcf;
+  const int whole = TellUnreadable(card, nonDcf);
   if (options.explain && options.IsForPeople()) {
     ExplainLines(card, nonDcf);
   } else if (options.explain) {
@@ -91,7 +93,7 @@ int RunScan(const ScanOptions& options) {
   } else {
     FolderRows(card, nonDcf, options.Format());
   }
-  return kStatusDone;
+  return whole;
 }
 
 }  // namespace

@@ -7,6 +7,7 @@
 #include "entries.h"
 #include "failure.h"
 #include "text.h"
+#include "unreadable.h"
 
 namespace flm::tool {
 
@@ -38,7 +39,8 @@ class Finder {
     const int found = isName ? ByName(given) : ByPath(given);
     if (found >= 0) return found;
     if (IsNumber(given)) throw NoIndex(given);
-    throw Failure("no file " + Printable(given) + " on the card", kStatusNothing);
+    RequireNoCompanion(given, isName);
+    throw NotThere(card_, "no file " + Named(given) + " on the card");
   }
 
   // True and the indexes added when the text is a list of indexes and ranges.
@@ -55,9 +57,8 @@ class Finder {
 
  private:
   Failure NoIndex(const std::string& index) {
-    return Failure(
-        "no file with the index " + index + ": the card has " + Counted(card_.Count(), "file"),
-        kStatusNothing);
+    return NotThere(card_, "no file with the index " + index + ": the card has " +
+                               Counted(card_.Count(), "file"));
   }
 
   void AddRange(const std::string& given, const std::string& part, std::set<int>& indexes) {
@@ -65,7 +66,7 @@ class Finder {
     const std::string from = part.substr(0, dash);
     const std::string to = dash == std::string::npos ? from : part.substr(dash + 1);
     if (!IsNumber(from) || !IsNumber(to)) {
-      throw Failure(Printable(given) + " is not a list of indexes such as 1-5,8", kStatusUsage);
+      throw Failure(Named(given) + " is not a list of indexes such as 1-5,8", kStatusUsage);
     }
     const int first = ParseIndex(from);
     const int last = ParseIndex(to);
@@ -79,7 +80,7 @@ class Finder {
 
   int ByPath(const std::string& given) {
     const std::string path = card_.LibraryPath(given);
-    if (path.empty()) throw Failure(Printable(given) + " does not lie on the card", kStatusNothing);
+    if (path.empty()) throw Failure(Named(given) + " does not lie on the card", kStatusNothing);
     const std::vector<std::string>& paths = Paths();
     const auto found = std::find(paths.begin(), paths.end(), path);
     if (found == paths.end()) return -1;
@@ -95,10 +96,25 @@ class Finder {
       ++matches;
     }
     if (matches > 1) {
-      throw Failure(Printable(name) + " is the name of " + Counted(matches, "file") +
-                    ": name the folder too");
+      throw Failure(
+          Named(name) + " is the name of " + Counted(matches, "file") + ": name the folder too",
+          kStatusUsage);
     }
     return found;
+  }
+
+  // Throws Failure when what was given is a companion, which is no file of the list.
+  void RequireNoCompanion(const std::string& given, bool isName) {
+    const std::string wanted = isName ? given : card_.LibraryPath(given);
+    for (int i = 0; i < card_.Count(); ++i) {
+      const Entry entry = ReadNamedEntry(card_, i);
+      for (const std::string& companion : entry.companions) {
+        if ((isName ? BaseName(companion) : companion) != wanted) continue;
+        throw Failure(Named(given) + " is a companion of " + Printable(BaseName(entry.Path())) +
+                          ", not a file of the list",
+                      kStatusNothing);
+      }
+    }
   }
 
   const std::vector<std::string>& Paths() {

@@ -145,6 +145,11 @@ std::string Printable(std::string raw) {
   return raw;
 }
 
+std::string Named(const std::string& given) {
+  const bool overlooked = given.empty() || given.front() == ' ' || given.back() == ' ';
+  return overlooked ? "\"" + Printable(given) + "\"" : Printable(given);
+}
+
 std::string JsonText(const std::string& raw) { return Escape(raw, {true, false}); }
 
 std::string WithoutControls(const std::string& text) { return Escape(text, {false, true}); }

@@ -16,6 +16,10 @@ namespace flm::tool {
 std::string Printable(std::string raw);
 void MakePrintable(std::string& text);  // in place
 
+// A word that the user gave as a message names it: printable, and in quotes where it could be
+// overlooked, as nothing and blanks can.
+std::string Named(const std::string& given);
+
 // A name as JSON may hold it: bytes that are no UTF-8 become \xNN, a backslash is doubled,
 // everything else stays.
 std::string JsonText(const std::string& raw);

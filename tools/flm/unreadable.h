@@ -6,6 +6,9 @@
 #include <string>
 #include <vector>
 
+#include "card.h"
+#include "failure.h"
+
 namespace flm::tool {
 
 struct Unreadable {
@@ -13,8 +16,18 @@ struct Unreadable {
   int error;         // why
 };
 
-// Folders below DCIM, in the order of their names.
-std::vector<Unreadable> UnreadableFolders();
+// Folders below DCIM, in the order of their names; those without a number only if `nonDcf`.
+std::vector<Unreadable> UnreadableFolders(bool nonDcf = true);
+
+// "cannot read card/DCIM/101PHOTO: Permission denied".
+std::string Describe(const Card& card, const Unreadable& folder);
+
+// Names each of them on standard error, and returns the status of a command that shows the files of
+// the others: done when there are none.
+int TellUnreadable(const Card& card, bool nonDcf = true);
+
+// What a command ends with that finds no such file: where a folder cannot be read it may be there.
+Failure NotThere(const Card& card, const std::string& message);
 
 // 0 when the folder can be listed and its files reached, else the error number.
 int FolderError(const std::string& folder);
