@@ -1,6 +1,7 @@
 // The number of the newest file, and the series value that outlives the card.
 #include <gtest/gtest.h>
 
+#include <climits>
 #include <cstdint>
 
 #include "platform/preference.h"
@@ -149,6 +150,19 @@ TEST(CQDCFListNumbering, ReadingGivesWhateverIsStored) {
   EXPECT_EQ(value, -5);
   StoreSeries(2000000000);
   EXPECT_EQ(list.ReadSeriesValue(&value), 2000000000);
+}
+
+TEST(CQDCFListNumbering, AStoredValueBeyondAnIntReadsAsTheNearestOne) {
+  if (sizeof(long) < 8) GTEST_SKIP() << "a long has 32 bits here and cannot hold such a value";
+  CQDCFList list;
+  list.SetSeriesMode(true);
+  int value = 7;
+  StoreSeries(static_cast<long>(INT64_C(99999999999)));
+  EXPECT_EQ(list.ReadSeriesValue(&value), INT_MAX);
+  EXPECT_EQ(value, INT_MAX);
+  StoreSeries(static_cast<long>(-INT64_C(99999999999)));
+  EXPECT_EQ(list.ReadSeriesValue(&value), INT_MIN);
+  EXPECT_EQ(value, INT_MIN);
 }
 
 TEST(CQDCFListNumbering, TheSeriesValueIsWrittenInEveryMode) {

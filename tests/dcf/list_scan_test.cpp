@@ -26,6 +26,22 @@ TEST(CQDCFListScan, PhotoFoldersStandLastAmongTheirNumber) {
   EXPECT_EQ(c.Held(), held);
 }
 
+// The names of two such folders are one in the catalogue, and so is the folder that both name.
+TEST(CQDCFListScan, PhotoFoldersThatDifferInCaseAloneAreTheOneOfCapitalsTwice) {
+  CardCatalogue c;
+  FakeListings fake(c.card);
+  fake.AddFolder("105photo", 2);
+  for (const char* folder : {"106ABCDE", "105ABCDE", "105PHOTO", "100PHOTO"}) {
+    fake.AddFolder(folder, 1);
+  }
+  EXPECT_EQ(c.Scan(), 0);
+  const Names held = {"DCIM/100PHOTO/QVX_0001.JPG", "DCIM/105ABCDE/QVX_0001.JPG",
+                      "DCIM/105PHOTO/QVX_0001.JPG", "DCIM/105PHOTO/QVX_0001.JPG",
+                      "DCIM/106ABCDE/QVX_0001.JPG"};
+  EXPECT_EQ(c.Held(), held);
+  EXPECT_EQ(c.list.GetCount(), 5);
+}
+
 TEST(CQDCFListScan, FoldersWithBadNamesArePassedOver) {
   CardCatalogue c;
   EXPECT_EQ(c.With({"DCIM/10ABCDEF/QVX_0001.JPG", "DCIM/100PHOT/QVX_0001.JPG",

@@ -11,6 +11,14 @@ constexpr char kSourceOne[] = "<IMG SRC=\"../DCIM/100PHOTO/ABCD0001.JPG\">\r\n";
 constexpr char kSourceTwo[] = "<IMG SRC=\"../DCIM/100PHOTO/ABCD0002.JPG\">\r\n";
 constexpr char kSourceMovie[] = "<IMG SRC=\"../DCIM/101PHOTO/ABCD0004.MP4\">\r\n";
 
+using flm_test::PrintOrderFile;
+
+int TimesIn(const std::string& text, const std::string& part) {
+  int times = 0;
+  for (size_t at = text.find(part); at != std::string::npos; at = text.find(part, at + 1)) ++times;
+  return times;
+}
+
 class LoadedPrintOrder : public flm_test::PrintOrderFile {
  protected:
   LoadedPrintOrder() { EXPECT_EQ(4, With({kOne, kTwo, kThree, kMovie})); }
@@ -265,6 +273,62 @@ TEST_F(LoadedPrintOrder, ASizeWithoutATextDoesNotComeBack) {
   ClearMarks();
   EXPECT_EQ(0, LoadFile());
   EXPECT_EQ("0/0/0 0/0/0 0/0/0 0/0/0 ", AllMarks());
+}
+
+// A folder numbered 99 holds files of the layout, and its files are looked up by their names.
+TEST_F(PrintOrderFile, OfAFolderNumbered99IsSavedAndReadBack) {
+  ASSERT_EQ(3, With({"DCIM/099ABCDE/CAM_0007.JPG", "DCIM/099ABCDE/CAM_0008.JPG",
+                     "DCIM/100PHOTO/CAM_0007.JPG"}));
+  Mark("DCIM/099ABCDE/CAM_0008.JPG", 2, 3);
+  Mark("DCIM/099ABCDE/CAM_0007.JPG", 14, 1);
+  Mark("DCIM/099ABCDE/CAM_0007.JPG", 15, 4);
+  const std::string marks = AllMarks();
+  EXPECT_EQ("0/1/4 3/0/0 0/0/0 ", marks);
+  const std::string order = Saved();
+  EXPECT_EQ(1, TimesIn(order,
+                       "QTY=003\r\nIMG FMT=EXIF2 -J\r\n"
+                       "<IMG SRC=\"../DCIM/099ABCDE/CAM_0008.JPG\">\r\n"));
+  EXPECT_EQ(2, TimesIn(order, "<IMG SRC=\"../DCIM/099ABCDE/CAM_0007.JPG\">\r\n"));
+  EXPECT_EQ(3, TimesIn(order, "<IMG SRC="));
+  ClearMarks();
+  EXPECT_EQ(0, LoadFile());
+  EXPECT_EQ(marks, AllMarks());
+}
+
+// Below such a root every path counts as one of free names, so a picture of another folder answers
+// to its number only when that is 0.
+TEST_F(PrintOrderFile, BelowARootNamedLikeTheCameraFolderIsSavedAndReadBack) {
+  const std::string first = "CAMERA/DCIM/CAMERA01/first at sea.JPG";
+  const std::string second = "CAMERA/DCIM/CAMERA01/second at sea.JPG";
+  const std::string other = "CAMERA/DCIM/100PHOTO/QVX_0001.JPG";
+  const std::string zeroth = "CAMERA/DCIM/101PHOTO/QVX_0000.JPG";
+  for (const std::string& file : {first, second, other, zeroth}) card_.MakeFile(file);
+  card_.MakeDir("CAMERA/MISC");
+  catalogue_.Create();
+  catalogue_.SetMode(4);
+  ASSERT_EQ(0, catalogue_.SetBaseURI(card_.Path("CAMERA").c_str()));
+  ASSERT_EQ(0, catalogue_.Listup(0, true));
+  ASSERT_EQ(4, catalogue_.GetCount());
+  Mark(second, 2, 3);
+  Mark(zeroth, 2, 4);
+  EXPECT_EQ(-1, catalogue_.SetCustomInfo(card_.Path(other).c_str(), 2, 5));
+  const std::string order = card_.Path("CAMERA/MISC/AUTPRINT.MRK");
+  EXPECT_EQ(0, dpof_.SaveDPOFInfo(order.c_str(), &catalogue_, "CAM", 4));
+  const std::string text = card_.ReadFile("CAMERA/MISC/AUTPRINT.MRK");
+  EXPECT_EQ(1, TimesIn(text,
+                       "QTY=003\r\nIMG FMT=EXIF2 -J\r\n"
+                       "<IMG SRC=\"../DCIM/CAMERA01/second at sea.JPG\">\r\n"));
+  EXPECT_EQ(1, TimesIn(text,
+                       "QTY=004\r\nIMG FMT=EXIF2 -J\r\n"
+                       "<IMG SRC=\"../DCIM/101PHOTO/QVX_0000.JPG\">\r\n"));
+  EXPECT_EQ(2, TimesIn(text, "<IMG SRC="));
+  const std::string marks = AllMarks();
+  ClearMarks();
+  EXPECT_EQ("0/0/0 0/0/0 0/0/0 0/0/0 ", AllMarks());
+  EXPECT_EQ(0, dpof_.LoadDPOFInfo(order.c_str(), &catalogue_));
+  EXPECT_EQ(marks, AllMarks());
+  EXPECT_EQ(3, Copies(second));
+  EXPECT_EQ(4, Copies(zeroth));
 }
 
 class QuotedText : public testing::Test {

@@ -7,7 +7,28 @@ constexpr int kCopiesByte = 2;
 constexpr int kIndexByte = 14;
 constexpr int kSizeByte = 15;
 
-class SavedPrintOrder : public flm_test::PrintOrderFile {};
+const std::string kHeaderAlone = "[HDR]\r\nGEN REV=01.10\r\nGEN CRT=\"CAM\"\r\n\r\n";
+
+std::string StandardJob(int number, int copies, const std::string& file) {
+  return "[JOB]\r\nPRT PID=00" + std::to_string(number) + "\r\nPRT TYP=STD\r\nPRT QTY=00" +
+         std::to_string(copies) + "\r\nIMG FMT=EXIF2 -J\r\n<IMG SRC=\"../" + file + "\">\r\n";
+}
+
+class SavedPrintOrder : public flm_test::PrintOrderFile {
+ protected:
+  // The order that a walk over so many files writes.
+  std::string SavedOf(int files) {
+    EXPECT_EQ(0, dpof_.SaveDPOFInfo(OrderPath().c_str(), &catalogue_, "CAM", files));
+    return card_.ReadFile("MISC/AUTPRINT.MRK");
+  }
+  // How many files the walk has come by.
+  int Reached() {
+    char path[128];
+    char objects[128];
+    EXPECT_EQ(0, catalogue_.GetCur(path, 128, objects, 128));
+    return catalogue_.GetListIndex(path) + 1;
+  }
+};
 
 TEST_F(SavedPrintOrder, WithoutMarksItIsTheHeaderAlone) {
   ASSERT_EQ(1, With({"DCIM/100PHOTO/ABCD0001.JPG"}));
@@ -190,6 +211,20 @@ TEST_F(SavedPrintOrder, TheFileCountBoundsTheWalk) {
       "[JOB]\r\nPRT PID=003\r\nPRT TYP=SIZ -05\r\nPRT QTY=001\r\nIMG FMT=EXIF2 -J\r\n"
       "<IMG SRC=\"../DCIM/100PHOTO/ABCD0001.JPG\">\r\n",
       card_.ReadFile("MISC/AUTPRINT.MRK"));
+}
+
+TEST_F(SavedPrintOrder, APictureBehindTheFileCountIsNotReached) {
+  card_.MakeFiles("DCIM/100PHOTO", "QVX_", 1, 100, "JPG");
+  ASSERT_EQ(100, With({}));
+  Mark("DCIM/100PHOTO/QVX_0050.JPG", kCopiesByte, 3);
+  for (const int files : {1, 2, 10, 49}) {
+    EXPECT_EQ(kHeaderAlone, SavedOf(files)) << files;
+    EXPECT_EQ(files, Reached()) << "the cursor stays where the walk ended";
+  }
+  EXPECT_EQ(kHeaderAlone + StandardJob(1, 3, "DCIM/100PHOTO/QVX_0050.JPG"), SavedOf(50));
+  Mark("DCIM/100PHOTO/QVX_0001.JPG", kCopiesByte, 2);
+  EXPECT_EQ(kHeaderAlone + StandardJob(1, 2, "DCIM/100PHOTO/QVX_0001.JPG"), SavedOf(1));
+  EXPECT_EQ(kHeaderAlone + StandardJob(1, 2, "DCIM/100PHOTO/QVX_0001.JPG"), SavedOf(49));
 }
 
 TEST_F(SavedPrintOrder, AWalkThatEndsEarlyEndsTheBlock) {

@@ -45,6 +45,18 @@ TEST_F(FileListFiles, NoPathIsRefused) {
 
 // --- RemoveFileFromList -------------------------------------------------------------------------
 
+TEST_F(FileListFiles, AFileOfWhichOnlyTheNumberIsHeldIsNotForgotten) {
+  card.MakeFile("DCIM/104PHOTO/CAM_0001.MP4");
+  card.MakeFile("DCIM/104PHOTO/HDV_0001.MPO");
+  ASSERT_EQ(Scan(), 7);
+  EXPECT_EQ(list.RemoveFileFromList(Arg(On("DCIM/104PHOTO/CAM_0001.MPO"))), -2);
+  EXPECT_EQ(list.GetCount(), 7);
+  EXPECT_EQ(PathAt(5), On("DCIM/104PHOTO/CAM_0001.MP4"));
+  EXPECT_EQ(PathAt(6), On("DCIM/104PHOTO/HDV_0001.MPO"));
+  EXPECT_EQ(list.RemoveFileFromList(Arg(On("DCIM/104PHOTO/HDV_0001.MPO"))), 0);
+  EXPECT_EQ(PathAt(5), On("DCIM/104PHOTO/CAM_0001.MP4"));
+}
+
 TEST_F(FileListFiles, AForgottenFileStaysOnTheCard) {
   EXPECT_EQ(list.RemoveFileFromList(Arg(On("DCIM/101PHOTO/QVX_0007.JPG"))), 0);
   EXPECT_EQ(list.GetCount(), 4);

@@ -150,6 +150,21 @@ TEST(DirReaderReference, NamesOfEveryKindTogetherComeAsScandirSortsThem) {
   ExpectSameSequence(4001, AnyName);
 }
 
+// A folder of so many names is sorted by their numbers, unless one of them has no number.
+TEST(DirReaderReference, OneNameWithoutANumberLeavesThreeHundredInTheOrderOfScandir) {
+  for (const std::string odd : {"QVX_A001", "QVX_0A01", "QVX_00A1", "QVX_000A"}) {
+    Folder folder;
+    for (int number = 1; number <= 300; ++number) {
+      folder.Make((number % 2 == 0 ? "QVX_" : "CAM_") + Digits(number) + ".JPG");
+    }
+    folder.Make(odd + ".JPG");
+    PCQDCFFSIO reader(Arg(folder.Path()), "");
+    const Names listed = Read(reader);
+    EXPECT_EQ(303U, listed.size()) << odd;
+    EXPECT_EQ(Expected(folder.Path()), listed) << odd;
+  }
+}
+
 TEST(DirReaderReference, AReaderOpenedAgainInTheMiddleListsTheOtherFolder) {
   Choice choice(5001);
   Folder first;

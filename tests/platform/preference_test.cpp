@@ -2,6 +2,7 @@
 // never stored, and the file is always either the old one or the new one.
 #include "platform/preference.h"
 
+#include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -9,6 +10,7 @@
 #include <climits>
 #include <cstdlib>
 #include <string>
+#include <vector>
 
 #include "tests/support/card.h"
 
@@ -20,6 +22,13 @@ using flm_test::ScopedVariable;
 
 constexpr char kVariable[] = "FLM_PREFERENCE_FILE";
 constexpr char kHeading[] = "filelistmanagement preferences 1\n";
+
+// A path of so many bytes to a file of the working folder.
+std::string PathOfLength(size_t length) {
+  std::string path;
+  while (path.size() + 3 < length) path += "./";
+  return path + std::string(length - path.size(), 'p');
+}
 
 // A store in the file "state/preferences" of a folder of its own.
 class PreferenceTest : public testing::Test {
@@ -232,6 +241,47 @@ TEST_F(PreferenceTest, APathTooLongIsRefused) {
   const ScopedVariable longFile(kVariable, ("/tmp/" + std::string(5000, 'x')).c_str());
   EXPECT_EQ(pref_get_long(1, 856), -1);
   EXPECT_LT(pref_set_long(1, 856, 5), 0);
+}
+
+// The process works in a folder until the end of its life.
+class WorkingIn {
+ public:
+  explicit WorkingIn(const Card& folder) : before_(open(".", O_PATH | O_CLOEXEC)) {
+    EXPECT_EQ(chdir(folder.Root().c_str()), 0);
+  }
+  ~WorkingIn() {
+    EXPECT_EQ(fchdir(before_), 0);
+    close(before_);
+  }
+  WorkingIn(const WorkingIn&) = delete;
+  WorkingIn& operator=(const WorkingIn&) = delete;
+
+ private:
+  int before_;
+};
+
+TEST_F(PreferenceTest, AFileWithoutAFolderIsStoredInTheWorkingFolder) {
+  const ScopedVariable name(kVariable, "p3");
+  const WorkingIn folder(folder_);
+  EXPECT_EQ(pref_set_long(1, 856, 5), 0);
+  EXPECT_EQ(pref_set_long(1, 856, 6), 0);
+  EXPECT_EQ(pref_get_long(1, 856), 6);
+  EXPECT_EQ(folder_.Tree(), std::vector<std::string>{"p3"});
+}
+
+// The new file stands beside the old one, under a name that is longer by ".new".
+TEST_F(PreferenceTest, APathWithoutRoomForTheNewFileIsRefused) {
+  const WorkingIn folder(folder_);
+  const std::vector<std::string> empty;
+  for (const size_t length : {PATH_MAX - 1, PATH_MAX - 3, PATH_MAX - 4}) {
+    const ScopedVariable file(kVariable, PathOfLength(length).c_str());
+    EXPECT_EQ(pref_set_long(1, 856, 5), -1) << length;
+    EXPECT_EQ(pref_get_long(1, 856), -1) << length;
+    EXPECT_EQ(folder_.Tree(), empty) << length;
+  }
+  const ScopedVariable file(kVariable, PathOfLength(PATH_MAX - 5).c_str());
+  EXPECT_EQ(pref_set_long(1, 856, 5), 0);
+  EXPECT_EQ(pref_get_long(1, 856), 5);
 }
 
 TEST_F(PreferenceTest, WithoutANameTheStateFolderIsUsed) {
