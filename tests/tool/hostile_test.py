@@ -12,7 +12,7 @@ import unicodedata
 import unittest
 
 sys.dont_write_bytecode = True  # Keeps the source tree clean.
-from toolcase import BINARY, DONE, FAILED, UNREADABLE, ToolTest
+from toolcase import BINARY, DONE, FAILED, UNREADABLE, ToolTest, all_from
 
 ESCAPES = b"\x1b]0;owned\x07\x1b[2J"
 ORDER = "MISC/AUTPRINT.MRK"
@@ -97,16 +97,7 @@ class NamesTest(ToolTest):
                                    stderr=theirs, cwd=self.outside,
                                    env={**self.env, "NO_COLOR": "1"})
         os.close(theirs)
-        shown = b""
-        while True:
-            try:
-                data = os.read(ours, 65536)
-            except OSError:
-                break
-            if not data:
-                break
-            shown += data
-        os.close(ours)
+        shown = all_from(ours)
         self.assertIn(process.wait(timeout=60), (0, 1, 2, 3, 4), arguments)
         return shown
 

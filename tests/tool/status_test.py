@@ -11,7 +11,7 @@ import time
 import unittest
 
 sys.dont_write_bytecode = True  # Keeps the source tree clean.
-from toolcase import BINARY, DONE, FAILED, INTERRUPTED, NOTHING, UNREADABLE, USAGE, ToolTest
+from toolcase import BINARY, DONE, FAILED, INTERRUPTED, NOTHING, UNREADABLE, USAGE, ToolTest, all_from
 
 # Every command with arguments that fit a card with one picture, apart from the card itself.
 LOOKING = [("ls", "@"), ("ls", "@", "--json"), ("ls", "@", "--jsonl"), ("ls", "@", "--tsv"),
@@ -172,13 +172,7 @@ class ProgressTest(ToolTest):
                                    stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL, stderr=theirs,
                                    cwd=self.outside, env=dict(self.env, TERM=term))
         os.close(theirs)
-        shown = b""
-        try:
-            while data := os.read(ours, 65536):
-                shown += data
-        except OSError:  # The other side is closed.
-            pass
-        os.close(ours)
+        shown = all_from(ours)
         self.assertEqual(process.wait(timeout=60), DONE)
         return shown.decode()
 

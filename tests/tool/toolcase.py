@@ -34,6 +34,18 @@ def unescape(text):
     return re.sub(rb"\\\\|\\x[0-9A-F]{2}", byte, text.encode())
 
 
+def all_from(terminal):
+    """What comes from our side of a terminal until the other side is closed; then ours is, too."""
+    shown = b""
+    try:
+        while data := os.read(terminal, 65536):
+            shown += data
+    except OSError:
+        pass
+    os.close(terminal)
+    return shown
+
+
 class ToolTest(unittest.TestCase):
     """A test with an empty card folder at self.root."""
 
@@ -72,13 +84,7 @@ class ToolTest(unittest.TestCase):
         process = subprocess.Popen([BINARY, *map(os.fsencode, arguments)], stdin=subprocess.DEVNULL,
                                    stdout=theirs, stderr=subprocess.PIPE, cwd=self.outside, env=env)
         os.close(theirs)
-        shown = b""
-        try:
-            while data := os.read(ours, 65536):
-                shown += data
-        except OSError:  # The other side is closed.
-            pass
-        os.close(ours)
+        shown = all_from(ours)
         complaint = process.communicate(timeout=60)[1]
         self.assertEqual(process.returncode, expect, (arguments, shown, complaint))
         return shown.decode().replace("\r\n", "\n")
