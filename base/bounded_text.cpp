@@ -26,7 +26,7 @@ BoundedText& BoundedText::Char(char c) {
   return *this;
 }
 
-BoundedText& BoundedText::Append(const char* text, size_t length) {
+BoundedText& BoundedText::Bytes(const char* text, size_t length) {
   const size_t room = size_ > length_ + 1 ? static_cast<size_t>(size_ - length_ - 1) : 0;
   const size_t taken = length < room ? length : room;
   if (taken < length) cut_ = true;
@@ -38,11 +38,14 @@ BoundedText& BoundedText::Append(const char* text, size_t length) {
 }
 
 BoundedText& BoundedText::Text(const char* text) {
-  return text == nullptr ? *this : Append(text, std::strlen(text));
+  return text == nullptr ? *this : Bytes(text, std::strlen(text));
 }
 
 BoundedText& BoundedText::Text(const char* text, size_t maxLength) {
-  return text == nullptr ? *this : Append(text, strnlen(text, maxLength));
+  if (text == nullptr) return *this;
+  size_t length = 0;  // counted here: most fields have three or four characters
+  while (length < maxLength && text[length] != '\0') ++length;
+  return Bytes(text, length);
 }
 
 BoundedText& BoundedText::Number(int value, int minWidth) {
@@ -55,10 +58,14 @@ BoundedText& BoundedText::Number(int value, int minWidth) {
     *--at = static_cast<char>('0' + rest % 10);
     rest /= 10;
   } while (rest != 0);
-  if (value < 0) Char('-');
-  const int length = static_cast<int>(end - at) + (value < 0 ? 1 : 0);
-  for (int width = length; width < minWidth; ++width) Char('0');
-  return Append(at, static_cast<size_t>(end - at));
+  int zeros = minWidth - static_cast<int>(end - at);
+  if (value < 0) {
+    Char('-');
+    --zeros;
+  }
+  for (; zeros > 0 && at > digits; --zeros) *--at = '0';
+  for (; zeros > 0; --zeros) Char('0');
+  return Bytes(at, static_cast<size_t>(end - at));
 }
 
 bool CopyText(char* out, int size, const char* text) {
@@ -67,8 +74,8 @@ bool CopyText(char* out, int size, const char* text) {
   const size_t length = strnlen(text, static_cast<size_t>(size));
   const bool whole = length < static_cast<size_t>(size);
   const size_t taken = whole ? length : static_cast<size_t>(size) - 1;
-  // A caller may hand a record's own path back to the record: what is there already stays.
-  if (out != text) std::memcpy(out, text, taken);
+  // A caller may hand a part of a record back to the record.
+  std::memmove(out, text, taken);
   out[taken] = '\0';
   return whole;
 }

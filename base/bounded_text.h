@@ -16,6 +16,7 @@ class BoundedText {
 
   BoundedText& Text(const char* text);  // a NUL-terminated text; null adds nothing
   BoundedText& Text(const char* text, size_t maxLength);  // at most maxLength characters of it
+  BoundedText& Bytes(const char* text, size_t length);    // characters without a NUL among them
   BoundedText& Char(char c);                              // one character, whatever its value
   BoundedText& Number(int value, int minWidth);           // decimal, as "%0<minWidth>d" writes it
 
@@ -23,16 +24,14 @@ class BoundedText {
   int Length() const { return length_; }
 
  private:
-  BoundedText& Append(const char* text, size_t length);
-
   char* out_;
   int size_;
   int length_ = 0;
   bool cut_ = false;
 };
 
-// Copies `text` into `out` of `size` bytes, cut and terminated; false when it was cut. Copying a
-// text onto itself leaves it as it is.
+// Copies `text` into `out` of `size` bytes, cut and terminated; false when it was cut. The two may
+// overlap.
 bool CopyText(char* out, int size, const char* text);
 
 // Length of `text`, looking at no more than `limit` bytes.

@@ -99,6 +99,10 @@ class CQDCFList {
                 flm::FileStatus* status);
   int StepNext(char* out, int outSize, char* objOut, int objSize, unsigned int* fileTime,
                flm::FileStatus* status);
+  // A step that nobody looks at, within a directory: the cursor moves as GetNext or GetPrev move
+  // it. False, and it stays, when that takes more: another directory, or a time to be read.
+  bool PassNext();
+  bool PassPrev();
   // 0; -1 at the start, -2 without a current file. objOut as GetNext.
   int GetPrev(char* out, int outSize, char* objOut, int objSize);
   int GetLast(char* out, int outSize, char* objOut, int objSize);  // 0; -1 no files
@@ -282,7 +286,6 @@ class CQDCFList {
   // Cursors.
   Place CursorPlace() const { return {curDirIndex_, curItem_}; }
   void MoveCursor(Place place, int dirNumber);
-  void MoveBitCursor(Place place);
   void LeaveItem(const DCFItem* item);
   void LeaveSlot(int slot);
   int ListSlot(int slot);
@@ -291,7 +294,9 @@ class CQDCFList {
   // What the walks write.
   void WritePath(PathOut out, Place place) const;
   void WriteObjectPath(PathOut out, Place place) const;
-  void WriteTime(unsigned int* out, DCFItem* item, flm::FileStatus* status) const;
+  bool IsPathOf(Place place) const;
+  // The status, when there is one, is of the path that was written for the place, uncut.
+  void WriteTime(unsigned int* out, Place place, flm::FileStatus* status) const;
   int TakeFirst(PathOut out, PathOut objOut, bool setCursor, unsigned int* fileTime,
                 flm::FileStatus* status);
   int TakeNext(PathOut out, PathOut objOut, unsigned int* fileTime, flm::FileStatus* status);

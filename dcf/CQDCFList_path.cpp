@@ -71,7 +71,7 @@ void CQDCFList::AppendFolder(flm::BoundedText& path, int slot) const {
       return;
     }
   }
-  path.Text(folderText_.text, static_cast<size_t>(folderText_.length));
+  path.Bytes(folderText_.text, static_cast<size_t>(folderText_.length));
 }
 
 void CQDCFList::BuildNamedPath(PathOut out, int dirNumber, int fileNumber, int dirIndex,
@@ -122,15 +122,27 @@ void CQDCFList::WriteObjectPath(PathOut out, Place place) const {
   BuildObjectPath(out, place.item->fileNumber, place.slot, place.item);
 }
 
+// Whether the path that is looked up by an item's numbers is the one of the place: with duplicates
+// it may be another file's.
+bool CQDCFList::IsPathOf(Place place) const {
+  const int dirNumber = place.item->dirNumber;
+  if (NumberOf(place.slot) != dirNumber) return false;
+  return mode_ != flm::kModeStillNamed ||
+         SlotHolding(dirNumber, place.item->fileNumber) == place.slot;
+}
+
 // As DCFItem::getFileTime does it, but with this catalogue's folders: two cards may be open.
-void CQDCFList::WriteTime(unsigned int* out, DCFItem* item, flm::FileStatus* status) const {
+void CQDCFList::WriteTime(unsigned int* out, Place place, flm::FileStatus* status) const {
   if (out == nullptr) return;
+  DCFItem* const item = place.item;
   if (item->fileTime == 0) {
-    char path[flm::kPathSize];
-    BuildPath({path, flm::kPathSize}, item->dirNumber, item->fileNumber, kSlotUnknown, item);
-    // With duplicates the path by numbers may be another file's than the one that is walked to.
-    const bool same = status != nullptr && status->IsOf(path);
-    item->setFileTime(same ? status->ModifiedTime() : flm::FileStatus(path).ModifiedTime());
+    if (status != nullptr && IsPathOf(place)) {
+      item->setFileTime(status->ModifiedTime());
+    } else {
+      char path[flm::kPathSize];
+      BuildPath({path, flm::kPathSize}, item->dirNumber, item->fileNumber, kSlotUnknown, item);
+      item->setFileTime(flm::FileStatus(path).ModifiedTime());
+    }
   }
   *out = item->fileTime;
 }

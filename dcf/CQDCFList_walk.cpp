@@ -121,7 +121,7 @@ int CQDCFList::TakeFirst(PathOut out, PathOut objOut, bool setCursor, unsigned i
   if (place.item == nullptr) return -1;
   WritePath(out, place);
   WriteObjectPath(objOut, place);
-  WriteTime(fileTime, place.item, status);
+  WriteTime(fileTime, place, status);
   // Not the directory's own number, unlike every other walk: the mark shortcut depends on it.
   if (setCursor) MoveCursor(place, GetDnum(place.slot));
   return 0;
@@ -144,7 +144,7 @@ int CQDCFList::TakeNext(PathOut out, PathOut objOut, unsigned int* fileTime,
   if (place.item == nullptr) return -1;
   WritePath(out, place);
   if (place.slot != left) WriteObjectPath(objOut, place);
-  WriteTime(fileTime, place.item, status);
+  WriteTime(fileTime, place, status);
   MoveCursor(place, NumberOf(place.slot));
   return 0;
 }
@@ -158,6 +158,19 @@ int CQDCFList::GetPrev(char* out, int outSize, char* objOut, int objSize) {
   if (place.slot != left) WriteObjectPath({objOut, objSize}, place);
   MoveCursor(place, NumberOf(place.slot));
   return 0;
+}
+
+bool CQDCFList::PassNext() {
+  if (curDnum_ < 0 || curItem_ == nullptr || curItem_->next == nullptr) return false;
+  if (curItem_->next->fileTime == 0) return false;
+  MoveCursor({curDirIndex_, curItem_->next}, NumberOf(curDirIndex_));
+  return true;
+}
+
+bool CQDCFList::PassPrev() {
+  if (curDnum_ < 0 || curItem_ == nullptr || curItem_->prev == nullptr) return false;
+  MoveCursor({curDirIndex_, curItem_->prev}, NumberOf(curDirIndex_));
+  return true;
 }
 
 int CQDCFList::GetLast(char* out, int outSize, char* objOut, int objSize) {

@@ -1,11 +1,32 @@
 // Tested by path_shapes_test: every shape, every size and the odd numbers, compared with snprintf.
 #include "dcf/dcf_path.h"
 
+#include "base/fixed_sizes.h"
+#include "dcf/dcf_name.h"
+#include "dcf/item_layout.h"
+
 namespace flm {
 namespace {
 
 constexpr int kDirNumberWidth = 3;
 constexpr int kFileNumberWidth = 4;
+
+// Adds a field's characters at a place; the place behind them.
+char* PutField(char* at, NamePart field) {
+  for (size_t i = 0; i < field.maxLength && field.text[i] != '\0'; ++i) *at++ = field.text[i];
+  return at;
+}
+
+// Writes the name of a file of the camera's own numbering; its length.
+size_t PutNumberedName(char* name, NamePart prefix, int fileNumber, NamePart ext) {
+  char* const number = PutField(name, prefix);
+  int rest = fileNumber;
+  for (int digit = kFileNumberWidth - 1; digit >= 0; --digit, rest /= 10) {
+    number[digit] = static_cast<char>('0' + rest % 10);
+  }
+  number[kFileNumberWidth] = '.';
+  return static_cast<size_t>(PutField(number + kFileNumberWidth + 1, ext) - name);
+}
 
 }  // namespace
 
@@ -35,6 +56,12 @@ BoundedText& AppendNumberedFolder(BoundedText& out, const char* root, const char
 }
 
 BoundedText& AppendNumberedName(BoundedText& out, NamePart prefix, int fileNumber, NamePart ext) {
+  // Nearly every path ends in such a name, which is put together at once.
+  if (prefix.maxLength <= kPrefixSize && ext.maxLength <= kExtensionSize && fileNumber >= 0 &&
+      fileNumber <= kLastFileNumber) {
+    char name[kDcfNameLength];
+    return out.Bytes(name, PutNumberedName(name, prefix, fileNumber, ext));
+  }
   return out.Text(prefix.text, prefix.maxLength)
       .Number(fileNumber, kFileNumberWidth)
       .Char('.')

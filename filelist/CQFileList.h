@@ -271,6 +271,7 @@ class CQFileList : public IQFileList, public IQSelectedFileList, public IQPageUt
   int FillPage(CQFileListItem* items, PageStart start, bool bounded);
   void TakeOnPage(CQFileListItem* element, const CQFileListItem& found, flm::FileStatus& status);
   int StepOnPage(CQFileListItem* found, flm::FileStatus& status, WalkStep step);
+  bool PassPage(WalkStep step);
   bool IsBeyondLast(int page, int offset) const;
   int IndexOfPage(int page) const;
   int AnchorOnPageTop();

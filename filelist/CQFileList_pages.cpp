@@ -6,6 +6,7 @@
 
 #include "base/bounded_text.h"
 #include "base/wrapping.h"
+#include "dcf/CQDCFList.h"
 #include "filelist/CQFileList.h"
 #include "fsio/file_status.h"
 
@@ -89,6 +90,23 @@ int CQFileList::AnchorOnPageTop() {
   return result;
 }
 
+// Steps over a page of files. Only the last step is seen: of the others stay the cursor and the
+// count.
+bool CQFileList::PassPage(WalkStep step) {
+  const bool forward = step == WalkStep::kNext;
+  CQFileListItem passed;
+  for (int i = 0; i < pageSize_; ++i) {
+    const bool unseen = i + 1 < pageSize_ && !IsDerived() && CanWalk(&passed);
+    if (unseen && (forward ? catalogue_->PassNext() : catalogue_->PassPrev())) {
+      count_ = DCF_GetCount();
+      continue;
+    }
+    const int result = forward ? GetNext(&passed, IsDerived()) : GetPrev(&passed, IsDerived());
+    if (result < 0) return false;
+  }
+  return true;
+}
+
 int CQFileList::GetNextPage(CQFileListItem* items) {
   if (GetCount() == 0) return 0;
   if (items == nullptr) return -1;
@@ -98,10 +116,7 @@ int CQFileList::GetNextPage(CQFileListItem* items) {
     curPage_ = flm::WrappingSum(curPage_, 1);
     return 0;
   }
-  CQFileListItem passed;
-  for (int i = 0; i < pageSize_; ++i) {
-    if (GetNext(&passed, IsDerived()) < 0) return -1;
-  }
+  if (!PassPage(WalkStep::kNext)) return -1;
   curPage_ = flm::WrappingSum(curPage_, 1);
   if (IsBeyondLast(curPage_, 0)) return 0;
   return FillPage(items, PageStart::kCursor, true);
@@ -116,10 +131,7 @@ int CQFileList::GetPrevPage(CQFileListItem* items) {
     curPage_ = flm::WrappingSum(curPage_, -1);
     return 0;
   }
-  CQFileListItem passed;
-  for (int i = 0; i < pageSize_; ++i) {
-    if (GetPrev(&passed, IsDerived()) < 0) return -1;
-  }
+  if (!PassPage(WalkStep::kPrev)) return -1;
   const int filled = FillPage(items, PageStart::kCursor, false);
   curPage_ = flm::WrappingSum(curPage_, -1);
   return filled;

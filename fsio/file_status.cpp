@@ -1,14 +1,8 @@
 #include "fsio/file_status.h"
 
-#include <cstring>
-
 #include "fsio/os_calls.h"
 
 namespace flm {
-
-bool FileStatus::IsOf(const char* path) const {
-  return path_ != nullptr && path != nullptr && std::strcmp(path_, path) == 0;
-}
 
 int FileStatus::Result() {
   if (!read_) {

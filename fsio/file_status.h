@@ -17,8 +17,6 @@ class FileStatus {
 
   // The path has been written anew: what was read is of another file.
   void Forget() { read_ = false; }
-  // Whether it is the status of this path.
-  bool IsOf(const char* path) const;
   // 0, or the negative result of the status call; null has no status.
   int Result();
   const struct stat& Value() { return status_; }  // after a Result of 0

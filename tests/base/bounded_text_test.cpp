@@ -170,6 +170,14 @@ TEST(CopyText, OntoItselfLeavesTheText) {
   EXPECT_STREQ("QVX_", out);
 }
 
+TEST(CopyText, OverItselfMovesTheText) {
+  char out[16] = "/mnt/mmc";
+  EXPECT_TRUE(flm::CopyText(out, sizeof(out), out + 4));
+  EXPECT_STREQ("/mmc", out);
+  EXPECT_TRUE(flm::CopyText(out + 2, sizeof(out) - 2, out));
+  EXPECT_STREQ("/m/mmc", out);
+}
+
 TEST(CopyField, ReadsNoFurtherThanTheField) {
   const char field[3] = {'J', 'P', 'G'};
   char out[8];
