@@ -43,7 +43,7 @@ class CQDPOF {
 
   void WriteJob(void* file, const char* type, int quantity, const char* source);
   bool TakeLine(Load& load);
-  void ApplySource(const Load& load);
+  void ApplySource(Load& load);
 
   int32_t jobCount_;  // jobs written so far in the current save
 };

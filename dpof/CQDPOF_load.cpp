@@ -40,18 +40,25 @@ unsigned int LeadingDigits(const char* text) {
 
 struct CQDPOF::Load {
   CQDCFList* catalogue = nullptr;
-  const char* root = nullptr;  // not terminated
-  size_t rootLength = 0;
+  char target[flm::kPathSize] = {};  // the root and a '/', behind which each source is written
+  int rootLength = 0;                // with the '/'; -1 for a root that leaves no room
   int jobType = flm::kJobNone;
   unsigned int quantity = 0;
   char value[kMaxValueLength + 1] = {};
   char source[kLineSize] = {};
   char line[kLineSize] = {};
 
+  void TakeRoot(const char* root, size_t length);
   bool TakeValue(size_t length);
   // Whether the line begins with the key; the line is longer than any.
   bool KeyIs(const char* key) const { return std::memcmp(line, key, kKeyLength) == 0; }
 };
+
+void CQDPOF::Load::TakeRoot(const char* root, size_t length) {
+  flm::BoundedText start(target, flm::kPathSize);
+  start.Bytes(root, length).Char('/');
+  rootLength = start.Cut() ? -1 : start.Length();
+}
 
 // The text behind "=", less its line end. False when it is too long to be a value.
 bool CQDPOF::Load::TakeValue(size_t length) {
@@ -77,8 +84,7 @@ int CQDPOF::LoadDPOFInfo(const char* path, CQDCFList* catalogue) {
   const std::unique_ptr<Load> load(new (std::nothrow) Load);
   if (load == nullptr) return -1;
   load->catalogue = catalogue;
-  load->root = path;
-  load->rootLength = static_cast<size_t>(rootEnd - path);
+  load->TakeRoot(path, static_cast<size_t>(rootEnd - path));
   int length = 0;
   while (reader.NextLine(load->line, kLineSize, '\n', &length) >= 0) {
     if (!TakeLine(*load)) return -1;
@@ -89,8 +95,9 @@ int CQDPOF::LoadDPOFInfo(const char* path, CQDCFList* catalogue) {
 // False when the line ends the load. Lines of other kinds change nothing.
 bool CQDPOF::TakeLine(Load& load) {
   const char* const line = load.line;
+  if (line[0] == '[') return true;
   const size_t length = std::strlen(line);
-  if (length < kKeyLength || line[0] == '[') return true;
+  if (length < kKeyLength) return true;
   if (BeginsWith(line, "PRT")) {
     if (!load.TakeValue(length)) return false;
     if (load.KeyIs("PRT TYP")) load.jobType = flm::JobTypeOf(load.value);
@@ -104,12 +111,13 @@ bool CQDPOF::TakeLine(Load& load) {
 
 // Sets the mark of the job's kind on the file that the source names. The catalogue refuses whatever
 // it does not hold, so a source can never reach a file outside it.
-void CQDPOF::ApplySource(const Load& load) {
-  if (std::strlen(load.source) < kUpwards) return;
-  char target[flm::kPathSize];
-  flm::BoundedText path(target, flm::kPathSize);
-  path.Text(load.root, load.rootLength).Char('/').Text(load.source + kUpwards);
-  if (path.Cut()) return;
+void CQDPOF::ApplySource(Load& load) {
+  char* const target = load.target;
+  if (load.rootLength < 0 || std::strlen(load.source) < kUpwards) return;
+  if (!flm::CopyText(target + load.rootLength, flm::kPathSize - load.rootLength,
+                     load.source + kUpwards)) {
+    return;
+  }
   switch (load.jobType) {
     case flm::kJobNone:
       break;

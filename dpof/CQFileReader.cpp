@@ -56,10 +56,10 @@ int CQFileReader::BufferMemSet(char* buffer, unsigned int value, int length) {
   return 0;
 }
 
-// Reads the next block; false at the end of the file. A read that yields nothing is the end
-// whatever the size says: the file may have shrunk, or be no file that has a size.
+// Reads the next block over the last one, of which nothing is looked at again; false at the end of
+// the file. A read that yields nothing is the end whatever the size says: the file may have shrunk,
+// or be no file that has a size.
 bool CQFileReader::ReadBlock() {
-  BufferMemSet(buffer_, 0, bufferSize_);
   readPos_ = 0;
   const ssize_t got = flm::Os().Read(stream_, buffer_, static_cast<size_t>(bufferSize_));
   dataLen_ = got > 0 ? static_cast<int32_t>(got) : 0;
@@ -77,12 +77,28 @@ int CQFileReader::GetLine(char* line, int size, char delimiter) {
 int CQFileReader::NextLine(char* line, int size, char delimiter, int* length) {
   *length = 0;
   if (!created_ || buffer_ == nullptr || line == nullptr) return kNotUsable;
+  if (TakeWholeLine(line, size, delimiter, length)) return 0;
   int result = kEndOfFile;
   while (!TakeFromBlock(line, size, delimiter, length, &result)) {
     if ((totalRead_ > 0 && totalRead_ >= fileSize_) || !ReadBlock()) break;
   }
   if (*length < size) line[*length] = '\0';
   return result;
+}
+
+// Takes a line that lies in the block and fits, as nearly every one does; false, and nothing taken,
+// for any other.
+bool CQFileReader::TakeWholeLine(char* line, int size, char delimiter, int* length) {
+  const char* const from = buffer_ + readPos_;
+  const void* const found = std::memchr(from, delimiter, static_cast<size_t>(dataLen_ - readPos_));
+  if (found == nullptr) return false;
+  const int bytes = static_cast<int>(static_cast<const char*>(found) - from) + 1;
+  if (bytes >= size) return false;
+  std::memcpy(line, from, static_cast<size_t>(bytes));
+  line[bytes] = '\0';
+  readPos_ += bytes;
+  *length = bytes;
+  return true;
 }
 
 // Adds what the block has of the line. True when the line or its room ends there, with the result.

@@ -36,6 +36,7 @@ class CQFileReader {
 
  private:
   bool ReadBlock();
+  bool TakeWholeLine(char* line, int size, char delimiter, int* length);
   bool TakeFromBlock(char* line, int size, char delimiter, int* length, int* result);
 
   char* buffer_;        // owned
