@@ -148,8 +148,7 @@ class FLM_API IQFileList {
   virtual int GetFileListIndex(char* path) = 0;
 
   /// @return index of the cursor's file as the access before left it, -1 for none. Walks over
-  /// marked
-  ///     files, saves of the print order and changes of the list do not keep it up to date
+  ///     marked files, saves of the print order and changes of the list do not keep it up to date
   virtual int GetCurIndex() = 0;
 
   /// @}
@@ -173,7 +172,8 @@ class FLM_API IQFileList {
   /// @return 0, or -1
   virtual int GetFirst(CQFileListItem* item, bool withInfo) = 0;
 
-  /// The file behind the cursor; the first one without a current file.
+  /// The file behind the cursor; the first one without a current file, and modTime then only comes
+  /// with the information.
   /// @param[out] item the file, with modTime
   /// @param withInfo see the shared rules
   /// @return 0, or -1 behind the last file
@@ -230,7 +230,7 @@ class FLM_API IQFileList {
   virtual int GetNewFileName(char* out, int kind) = 0;
 
   /// The path under which a companion of the last file of the list is to be written; marks the
-  /// companion as present.
+  /// companion as present. Moves the cursor to that file.
   /// @param[out] out no terminator is written: pass a zero-filled buffer of 128 bytes
   /// @param kind the companion
   /// @return 0; -1 null or no such file; -200 unknown kind
@@ -344,7 +344,9 @@ class FLM_API IQFileList {
   /// @return whether it is protected; false for a file that is not there
   virtual bool IsProtect(CQFileListItem* item) = 0;
 
-  /// Protects or unprotects every file, from the last to the first.
+  /// Protects or unprotects every file, from the last to the first. Of companions the walk knows
+  /// only those of the file by which it enters a folder, and not those of the last file of all; it
+  /// changes these again and again. SetProtect with an item from GetAt takes every companion along.
   /// @param on true protects
   /// @param callback null or told (files handled before, files, 0)
   /// @return 0, also before the first Listup; 10000 cancelled; -20000 minus the result of the step
@@ -401,7 +403,7 @@ class FLM_API IQFileList {
   /// @param path file to write; null is "MISC/AUTPRINT.MRK" of the card
   /// @param creator device name, written whole and as given; null writes none
   /// @return 0; -1 the file cannot be made or closed, is a link, or there is no catalogue or usable
-  /// root
+  ///     root
   virtual int SaveDPOFInfo(char* path, char* creator) = 0;
 
   /// Reads a print order and sets the marks that it names; clears none.

@@ -31,7 +31,7 @@ class FLM_API IQSelectedFileList {
 
   /// The selected file behind the one found last.
   /// @param[out] item its path
-  /// @return 0, or -1, also when no walk has begun
+  /// @return 0, or -1, also when no walk has begun or the file found last is gone from the list
   virtual int GetSelNext(CQFileListItem* item) = 0;
 
   /// The selected file in front of the one found last.
