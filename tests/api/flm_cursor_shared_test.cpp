@@ -76,6 +76,16 @@ TEST_F(FlatCursor, AnIndexPastTheEndIsNoCursor) {
   }
 }
 
+TEST_F(FlatCursor, AnIndexPastTheEndLeavesTheWalkWhereItWas) {
+  ASSERT_EQ(flm_set_cursor(FILELIST_MMC, 2), 0);
+  ASSERT_EQ(flm_set_cursor(FILELIST_MMC, 5), 0);
+  EXPECT_EQ(Current(), At(2));
+  ASSERT_EQ(flm_set_cursor(FILELIST_MMC, 2), 0);
+  ASSERT_EQ(flm_set_cursor(FILELIST_MMC, 5), 0);
+  EXPECT_EQ(flm_move_to_next(FILELIST_MMC), 0);
+  EXPECT_EQ(Cursor(), 3);
+}
+
 TEST_F(FlatCursor, GoesToEveryFileThatIsAskedFor) {
   EXPECT_EQ(At(3), "/mnt/mmc/DCIM/103PHOTO/QVX_0001.JPG");
   EXPECT_EQ(Cursor(), 3);

@@ -99,6 +99,17 @@ TEST_F(TimeOfAnItem, IsKeptOnceItWasRead) {
   EXPECT_EQ(1500000000U, time_);
 }
 
+// Its folder is the first of its number that holds its number, not one that the item remembers.
+TEST_F(TimeOfAnItem, IsThatOfTheFileInTheFolderThatIsFoundByNumber) {
+  card_.MakeFile("DCIM/100ABCDE/QVX_0006.JPG", "x", 1500000006);
+  card_.MakeFile("DCIM/100FGHIJ/QVX_0007.JPG", "x", 1500000007);
+  catalogue_.SetMode(4);
+  ASSERT_EQ(0, catalogue_.Listup(0, false));
+  ASSERT_EQ(2, catalogue_.GetCount());
+  item_.getFileTime(&time_);
+  EXPECT_EQ(1500000007U, time_);
+}
+
 TEST_F(TimeOfAnItem, OfAMissingFileIsZeroAndStaysUnknown) {
   item_.getFileTime(&time_);
   EXPECT_EQ(0U, time_);

@@ -123,6 +123,15 @@ TEST_F(CQDCFListChange, AnEnteredFileIsEnabledAndNamed) {
   EXPECT_TRUE(c.Bit("DCIM/100PHOTO/ABC_0007.MP4", 0));
 }
 
+// A fresh catalogue: what nobody wrote is 0.
+TEST_F(CQDCFListChange, AnEnteredFileHasNoTimeAndNoFolderNumberYet) {
+  Add("DCIM/100PHOTO/ABC_0007.MP4");
+  const DCFItem* const item = c.Find("DCIM/100PHOTO/ABC_0007.MP4");
+  ASSERT_NE(item, nullptr);
+  EXPECT_EQ(item->dirNumber, 0);
+  EXPECT_EQ(item->fileTime, 0u);
+}
+
 TEST_F(CQDCFListChange, EnteringNeitherLooksAtNorChangesTheCard) {
   const Names tree = c.card.Tree();
   EXPECT_EQ(Add("DCIM/100PHOTO/ABC_0007.MP4"), 0);

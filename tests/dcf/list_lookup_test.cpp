@@ -172,6 +172,13 @@ TEST_F(CQDCFListLookupTest, FoldersOfOneNumberAreSearchedInTurn) {
   ASSERT_NE(c.Find("DCIM/105ABCDE/QVX_0008.JPG"), nullptr);
 }
 
+TEST_F(CQDCFListLookupTest, OfOneNumberAndPrefixTheFirstIsFoundWhateverItsExtension) {
+  c.With({"DCIM/105ABCDE/QVX_0001.MP4"});
+  const DCFItem* const found = c.Find("DCIM/105ABCDE/QVX_0001.MP4");
+  ASSERT_NE(found, nullptr);
+  EXPECT_EQ(std::string(found->extChars, 3), "JPG");
+}
+
 TEST_F(CQDCFListLookupTest, OddPathsFindNoItem) {
   for (const char* path : {"", "x", "/////////////", "QVX_0001.JPG", "CAMERA", "0001.JPG"}) {
     EXPECT_EQ(c.list.FindItem(Arg(path)), nullptr) << path;

@@ -217,6 +217,7 @@ TEST(CQDCFListNewName, OtherModesGiveTheBareName) {
     EXPECT_TRUE(c.card.Exists("VIDEO/100VIDEO"));
     EXPECT_EQ(c.list.GetCount(), 1);
     EXPECT_EQ(c.list.GetStoredLastIndex(), 10000001);
+    EXPECT_EQ(c.Cur().result, -1) << "a bare name is no path that the cursor could go to";
   }
 }
 

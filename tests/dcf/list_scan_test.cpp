@@ -254,6 +254,18 @@ TEST(CQDCFListScan, SortingItemsOfAScanChangesNothing) {
   EXPECT_EQ(c.Held(), before);
 }
 
+TEST(CQDCFListScan, SortingItemsSortsAFolderThatWasMadeSince) {
+  CardCatalogue c;
+  c.With({"DCIM/100PHOTO/QVX_9999.JPG"});
+  ASSERT_EQ(c.New().path, "DCIM/101PHOTO/QVX_0001.JPG");
+  ASSERT_EQ(c.list.AddFile(c.Path("DCIM/101PHOTO/QVX_0000.JPG")), 0);
+  ASSERT_EQ(c.list.AddFile(c.Path("DCIM/100PHOTO/QVX_0001.JPG")), 0);
+  EXPECT_EQ(c.list.SortItem(), 0);
+  EXPECT_EQ(c.Held(), (Names{"DCIM/100PHOTO/QVX_9999.JPG", "DCIM/100PHOTO/QVX_0001.JPG",
+                             "DCIM/101PHOTO/QVX_0000.JPG", "DCIM/101PHOTO/QVX_0001.JPG"}))
+      << "a folder that was scanned counts as sorted";
+}
+
 TEST(CQDCFListScan, AScanLosesNoDescriptor) {
   CardCatalogue c;
   c.With({"DCIM/100PHOTO/QVX_0001.JPG", "DCIM/101PHOTO/QVX_0001.JPG"});

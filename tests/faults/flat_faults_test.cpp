@@ -5,7 +5,9 @@
 #include <cerrno>
 #include <cstdlib>
 #include <cstring>
+#include <new>
 
+#include "api/CBIFileListManager.h"
 #include "api/flm.h"
 #include "tests/faults/fault_parts.h"
 #include "tests/faults/faulty_calls.h"
@@ -35,6 +37,36 @@ TEST(FlatDeathTest, ListsThatCannotBeMadeAreACode) {
       },
       testing::ExitedWithCode(kNoLists), "")
       << "100 stands for an exception";
+}
+
+// 30 stands for the two answers that are expected of a set that was tried again, in this order.
+TEST(FlatDeathTest, AFailedSetUpIsNeverTriedAgain) {
+  EXPECT_EXIT(
+      {
+        Gate::Begin({Source::kMemory, 1, true, ENOMEM}, kLimit);
+        const int first = flm_init();
+        Gate::End();
+        int count = 0;
+        const bool rightly =
+            first == kNoLists && flm_init() == 0 && flm_get_count(FILELIST_MMC, &count) == kNoLists;
+        std::exit(rightly ? 30 : 31);
+      },
+      testing::ExitedWithCode(30), "");
+}
+
+TEST(ManagerUnderFaults, ListsThatCannotBeAllocatedAreAnException) {
+  CBIFileListManager::Destroy();
+  bool thrown = false;
+  Gate::Begin({Source::kMemory, 1, true, ENOMEM}, kLimit);
+  try {
+    CBIFileListManager::Create(2);
+  } catch (const std::bad_alloc&) {
+    thrown = true;
+  }
+  Gate::End();
+  EXPECT_TRUE(thrown);
+  char root[] = "";
+  EXPECT_EQ(CBIFileListManager::GetFileList(root, 0), nullptr);
 }
 
 class FlatFaults : public testing::Test {

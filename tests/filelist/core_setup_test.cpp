@@ -104,6 +104,7 @@ TEST_F(FileListSetUp, FreeListForgetsTheFilesAndKeepsTheCatalogue) {
   EXPECT_EQ(PathAt(0), "");
   CQFileListItem item;
   EXPECT_EQ(list.GetFirst(&item, false), -1);
+  EXPECT_EQ(list.DCF_GetCount(), 5);
 }
 
 TEST_F(FileListSetUp, FreeListWithoutACatalogueSetsTheCountToZero) {

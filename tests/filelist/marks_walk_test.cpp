@@ -200,6 +200,26 @@ TEST(MarkedWalkOfTwoNames, VoiceMemoAndCaptureWalkTheSameFiles) {
   EXPECT_EQ(-1, at.list.GetVoiceRecNext(&item));
 }
 
+TEST(MarkedWalkOfTwoMarks, GoesOnFromTheFileThatTheOtherFound) {
+  ListedCard at;
+  ASSERT_EQ(3, at.With({"DCIM/100PHOTO/QVX_0001.JPG", "DCIM/100PHOTO/QVX_0002.JPG",
+                        "DCIM/100PHOTO/QVX_0003.JPG"}));
+  CQFileListItem first = at.Item("DCIM/100PHOTO/QVX_0001.JPG");
+  CQFileListItem second = at.Item("DCIM/100PHOTO/QVX_0002.JPG");
+  CQFileListItem third = at.Item("DCIM/100PHOTO/QVX_0003.JPG");
+  at.list.SetVoiceRec(&first, true);
+  at.list.SetSel(&second, true);
+  at.list.SetVoiceRec(&third, true);
+  CQFileListItem item;
+  EXPECT_EQ(0, at.list.GetSelFirst(&item));
+  EXPECT_EQ(0, at.list.GetVoiceRecNext(&item));
+  EXPECT_EQ("DCIM/100PHOTO/QVX_0003.JPG", at.NameOf(item));
+  EXPECT_EQ(0, at.list.GetSelPrev(&item));
+  EXPECT_EQ("DCIM/100PHOTO/QVX_0002.JPG", at.NameOf(item));
+  EXPECT_EQ(0, at.list.GetVoiceRecPrev(&item));
+  EXPECT_EQ("DCIM/100PHOTO/QVX_0001.JPG", at.NameOf(item));
+}
+
 TEST(MarkedWalkWithoutACatalogue, EveryStepSucceedsAndLeavesTheItem) {
   ListedCard at;
   for (const Family& family : kFamilies) {

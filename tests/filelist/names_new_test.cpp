@@ -99,6 +99,20 @@ TEST_F(FileListNames, TheColourModeSetsThePrefix) {
   EXPECT_EQ(New(0), On("DCIM/100PHOTO/QVX_0004.JPG"));
 }
 
+TEST_F(FileListNames, TheColourModeAnswersWithTheResultOfSettingThePrefix) {
+  class Refusing : public CQFileList {
+   public:
+    int SetFilePrefix(char* prefix) override {
+      asked += std::string(prefix) + " ";
+      return -5;
+    }
+    std::string asked;
+  } refusing;
+  EXPECT_EQ(refusing.SetFileNameColor(FILELIST_COLOR_ADOBERGB), -5);
+  EXPECT_EQ(refusing.SetFileNameColor(FILELIST_COLOR_SRGB), -5);
+  EXPECT_EQ(refusing.asked, "_QVX QVX_ ");
+}
+
 TEST_F(FileListNames, APrefixSetAfterTheColourModeWins) {
   list.SetFileNameColor(FILELIST_COLOR_ADOBERGB);
   list.SetFilePrefix(Arg("ABC_"));

@@ -200,6 +200,15 @@ TEST_P(FillingAnItem, WorksForAFolderToo) {
   EXPECT_EQ(1500000000, item.modTime);
 }
 
+TEST_P(FillingAnItem, FollowsALinkToItsTarget) {
+  Card card;
+  card.MakeFile("f", "x", kJuly2017);
+  ASSERT_EQ(0, symlink("f", card.Path("link").c_str()));
+  CQFileListItem item = ItemOf(card.Path("link"));
+  EXPECT_EQ(0, GetParam()(&item));
+  EXPECT_EQ(1500000000, item.modTime);
+}
+
 INSTANTIATE_TEST_SUITE_P(Both, FillingAnItem,
                          testing::Values<Fill>(&PCQDCFFSIO::GetFileCreateTime,
                                                &PCQDCFFSIO::GetFileStatInfo));
