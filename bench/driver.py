@@ -165,15 +165,15 @@ def read_options():
     extent = parser.add_mutually_exclusive_group()
     extent.add_argument("--quick", action="store_true")
     extent.add_argument("--full", action="store_true")
-    extent.add_argument("--report", action="store_true")
     extent.add_argument("--check", action="store_true")
+    parser.add_argument("--report", action="store_true")
     parser.add_argument("--update", action="store_true")
     parser.add_argument("--rows", default="")
     options = parser.parse_args()
     if options.update and not options.check:
         parser.error("--update goes with --check")
-    if options.report:
-        options.full = True
+    if options.report and (options.quick or options.check):
+        parser.error("--report goes with every size")
     return options
 
 
