@@ -1,6 +1,7 @@
 #!/usr/bin/env python3
 """flm check: what on a card would be refused, hidden or lost."""
 import json
+import os
 import sys
 import unittest
 
@@ -43,6 +44,9 @@ class CheckTest(ToolTest):
                      "CAM_0000.JPG", "CAM_0002XJPG", "cam_0003.jpg"):
             self.make_file(folder + name)
         self.make_folder(folder + "CAM_0004.JPG")
+        os.symlink("nowhere", self.root / folder / "CAM_0005.JPG")
+        os.mkfifo(self.root / folder / "CAM_0006.JPG")
+        os.symlink("CAM_0000.JPG", self.root / folder / "CAM_0007.JPG")
         self.make_file("DCIM/CAMERA/short.jpg")
         self.make_file("DCIM/CAMERA/" + "x" * 37 + ".jpg")
         self.assertEqual(self.findings(), [
@@ -60,6 +64,9 @@ class CheckTest(ToolTest):
              "lost: listed as CAM_0002.JPG, which cannot be opened"),
             ("file-name", folder + "CAM_0004.JPG",
              "a folder with the name of a file is listed as a file"),
+            ("file-name", folder + "CAM_0005.JPG", "a link that leads nowhere is listed as a file"),
+            ("file-name", folder + "CAM_0006.JPG",
+             "what is neither file nor folder is listed as a file"),
             ("file-name", folder + "CAM_00X1.JPG",
              "not listed: characters 5 to 8 are not four digits"),
             ("file-name", folder + "cam_0003.jpg",

@@ -1,5 +1,6 @@
 #!/usr/bin/env python3
 """A card of which a part cannot be read: what is shown is told to be less than all."""
+import os
 import sys
 import unittest
 
@@ -29,6 +30,24 @@ class UnreadableTest(ToolTest):
         self.assertEqual(self.run_tool("count", "card", expect=UNREADABLE, **options).stdout, b"1\n")
         self.assertEqual(self.run_tool("last", "card", expect=UNREADABLE, **options).stdout[:3], b"101")
         self.assertEqual(self.lines("ls", "--paths", "card", "0", **options), [path])
+
+    def test_an_operation_on_all_files_says_what_it_did_not_reach(self):
+        options = self.lock_a_folder()
+        for path in (self.root, self.root / "DCIM/100PHOTO", self.root / "DCIM/100PHOTO/QVX_0001.JPG"):
+            os.chown(path, options.get("user", -1), -1)
+        told = b"flm: cannot read card/DCIM/101PHOTO: Permission denied\n"
+        file = "card/DCIM/100PHOTO/QVX_0001.JPG"
+        for said, command in ((f"would protect {file}", ("protect", "--all", "--dry-run")),
+                              (f"protected {file}", ("protect", "--all", "--yes")),
+                              (f"unprotected {file}", ("unprotect", "--type", "jpg", "--yes")),
+                              (f"would remove {file}", ("rm", "--all", "--dry-run")),
+                              (f"removed {file}", ("rm", "--all", "--yes"))):
+            done = self.run_tool(*command, "card", expect=UNREADABLE, **options)
+            self.assertEqual((done.stdout.decode(), done.stderr), (said + "\n", told), command)
+
+    def test_a_file_that_is_named_is_reached_whatever_else_cannot_be_read(self):
+        options = self.lock_a_folder()
+        self.run_tool("protect", "--dry-run", "card", "QVX_0001.JPG", **options)
 
     def test_a_file_that_is_not_found_may_lie_in_a_folder_that_cannot_be_opened(self):
         options = self.lock_a_folder()

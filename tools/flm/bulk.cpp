@@ -100,6 +100,11 @@ size_t ForEachTarget(std::vector<Entry>& targets, bool quiet,
   return static_cast<size_t>(handled);
 }
 
+int FinishBulk(const Card& card, const BulkOptions& options, int status) {
+  const int whole = options.files.empty() ? TellUnreadable(card, options.card.nonDcf) : kStatusDone;
+  return status == kStatusDone ? whole : status;
+}
+
 int SayInterrupted(size_t done, size_t files) {
   const std::string all = Counted(static_cast<int64_t>(files), "file");
   Complain("interrupted: " + (done == 0 ? "0 files" : std::to_string(done) + " of " + all) +

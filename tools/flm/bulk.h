@@ -52,6 +52,11 @@ void Confirm(const BulkOptions& options, const std::string& act, size_t files);
 size_t ForEachTarget(std::vector<Entry>& targets, bool quiet,
                      const std::function<void(Entry&)>& act);
 
+// The end of a command: where files were not named one by one, folders that cannot be read are
+// told, since their files were not reached. The status, or that of a card read in part when it was
+// "done".
+int FinishBulk(const Card& card, const BulkOptions& options, int status);
+
 // What to say after Ctrl-C; returns the status.
 int SayInterrupted(size_t done, size_t files);
 

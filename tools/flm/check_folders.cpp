@@ -1,5 +1,7 @@
 // The check of the tree below DCIM. It reads the card itself, by the library's own rules of names,
 // because the list passes over what it does not take without a word.
+#include <sys/stat.h>
+
 #include <algorithm>
 #include <map>
 #include <set>
@@ -99,6 +101,18 @@ class FolderCheck {
     for (const auto& [number, names] : numbers) AddDuplicates(folder, number, names);
   }
 
+  // Why what has the name of a file, and is listed as one, is none; "" when it is.
+  static std::string KindProblem(const std::string& path) {
+    struct stat status;
+    if (stat(path.c_str(), &status) != 0) {
+      // Where even the link is not to be seen, the folder has been told of.
+      return IsLink(path) ? "a link that leads nowhere is listed as a file" : "";
+    }
+    if (S_ISDIR(status.st_mode)) return "a folder with the name of a file is listed as a file";
+    if (S_ISREG(status.st_mode)) return "";
+    return "what is neither file nor folder is listed as a file";
+  }
+
   // Why a file is not listed, or not as it stands on the card; "" when all is well.
   static std::string Problem(const Folder& folder, const std::string& path,
                              const std::string& name) {
@@ -111,7 +125,8 @@ class FolderCheck {
     if (listed != name && !Exists(folder.path + "/" + listed)) {
       return "lost: listed as " + listed + ", which cannot be opened";
     }
-    if (IsFolder(path)) return "a folder with the name of a file is listed as a file";
+    const std::string kind = KindProblem(path);
+    if (!kind.empty()) return kind;
     if (!folder.camera && FileNumberInName(name.c_str()) == 0) return "file numbers begin at 0001";
     return "";
   }

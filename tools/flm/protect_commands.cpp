@@ -80,7 +80,7 @@ int RunProtect(const BulkOptions& options, bool on) {
   std::vector<Entry> targets = BulkTargets(card, options);
   card.RequireTreesOnCard();
   RequireOnCard(card, targets, Links::kFollowed);
-  if (options.dryRun) return DryRun(card, targets, on);
+  if (options.dryRun) return FinishBulk(card, options, DryRun(card, targets, on));
   Confirm(options, Verb(on), targets.size());
   // Each file has an item of its own, since an item carries its own companions along.
   const size_t handled = ForEachTarget(
@@ -90,7 +90,7 @@ int RunProtect(const BulkOptions& options, bool on) {
     if (Tell(card, targets[i], on, options.quiet)) ++done;
   }
   if (handled < targets.size()) return SayInterrupted(done, targets.size());
-  return done == handled ? kStatusDone : kStatusFailed;
+  return FinishBulk(card, options, done == handled ? kStatusDone : kStatusFailed);
 }
 
 void AddOne(CLI::App& app, Action& action, bool on) {

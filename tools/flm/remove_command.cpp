@@ -229,15 +229,18 @@ int RunRemove(const RemoveOptions& options) {
   // A protected file is unprotected first, and that follows links.
   RequireOnCard(card, targets, options.force ? Links::kFollowed : Links::kThemselves);
   RequireUsableOrder(card);
-  if (options.bulk.dryRun) return DryRun(card, targets, options.force);
+  if (options.bulk.dryRun) {
+    return FinishBulk(card, options.bulk, DryRun(card, targets, options.force));
+  }
   Confirm(options.bulk, "remove", targets.size());
-  if (targets.empty()) return kStatusDone;
+  if (targets.empty()) return FinishBulk(card, options.bulk, kStatusDone);
   // Deletion rewrites the print order; whoever made it stays named in it.
   std::string creator = PrintOrderCreator();
   card.List().SetDPOFDevName(Arg(creator));
-  return options.bulk.all && !options.bulk.filter.IsSet()
-             ? RunRemoveAll(card, options, targets, creator)
-             : RunRemoveSome(card, options, targets);
+  const bool everything = options.bulk.all && !options.bulk.filter.IsSet();
+  const int status = everything ? RunRemoveAll(card, options, targets, creator)
+                                : RunRemoveSome(card, options, targets);
+  return FinishBulk(card, options.bulk, status);
 }
 
 }  // namespace
