@@ -219,6 +219,20 @@ TEST_F(PageSteps, AStepDoesNotDependOnWhereTheCursorWasMoved) {
   EXPECT_EQ("11 12 13 14 15 16 17 18 19 20", Shown());
 }
 
+// A file that was gone when its page was shown has no time; stepping over it asks again.
+TEST_F(PageSteps, SteppingOverAFileReadsATimeThatIsNotKnownYet) {
+  With(6, 3);
+  at_.card.Remove(File(2));
+  ASSERT_EQ(3, First());
+  at_.card.MakeFile(File(2), "x", 1500000000);
+  ASSERT_EQ(3, Next());
+  at_.card.SetTime(File(2), 1600000000);
+  CQFileListItem item;
+  ASSERT_EQ(0, at_.list.GetFirst(&item, false));
+  ASSERT_EQ(0, at_.list.GetNext(&item, false));
+  EXPECT_EQ(1500000000, item.modTime);
+}
+
 TEST_F(PageSteps, AnEmptyListShowsNothingAndKeepsThePage) {
   With(0, 10);
   EXPECT_EQ(0, First());
