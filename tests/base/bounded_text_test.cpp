@@ -62,7 +62,7 @@ TEST(BoundedText, NumbersHaveTheWidthThatSnprintfGivesThem) {
                          1000,       -999,     -1000, 9999,  10000,  -9999,   -10000,
                          2147483647, 99909999, 32767, 65535, -32768, INT_MAX, INT_MIN};
   for (const int number : numbers) {
-    for (int width = 0; width <= 6; ++width) {
+    for (int width = 0; width <= 16; ++width) {
       char expected[kRoom];
       if (width == 0) {
         std::snprintf(expected, sizeof(expected), "%d", number);

@@ -247,6 +247,14 @@ TEST_F(LoadedPrintOrder, TheFirstMiscInThePathEndsTheRoot) {
   EXPECT_EQ(3, Copies(kOne));
 }
 
+TEST_F(LoadedPrintOrder, BelowARootThatFillsAPathASourceNamesNoFile) {
+  std::string deep = "deep";
+  while (card_.Path(deep).size() < 126) deep += "/" + std::string(60, 'd');
+  card_.MakeFile(deep + "/MISC", std::string("PRT TYP=STD\r\nPRT QTY=2\r\n") + kSourceOne);
+  EXPECT_EQ(0, dpof_.LoadDPOFInfo(card_.Path(deep + "/MISC").c_str(), &catalogue_));
+  EXPECT_EQ("0/0/0 0/0/0 0/0/0 0/0/0 ", AllMarks());
+}
+
 TEST_F(LoadedPrintOrder, NullArgumentsAreRefused) {
   EXPECT_EQ(-1, dpof_.LoadDPOFInfo(nullptr, &catalogue_));
   card_.WriteFile("MISC/AUTPRINT.MRK", "PRT TYP=STD\r\n");

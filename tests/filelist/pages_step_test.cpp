@@ -41,17 +41,21 @@ class NotingSteps : public CQFileList {
 
 TEST(PageStepsNoted, APageOfADerivedListIsFilledByItsOwnSteps) {
   flm_test::Card card;
-  card.MakeFiles("DCIM/100PHOTO", "QVX_", 1, 3, "JPG");
+  card.MakeFiles("DCIM/100PHOTO", "QVX_", 1, 4, "JPG");
   NotingSteps list;
   list.SetBaseURI(card.Root().c_str());
   list.SetType(4);
-  ASSERT_EQ(3, list.Listup(0));
+  ASSERT_EQ(4, list.Listup(0));
   list.InitPage(2);
   list.calls.clear();
   CQFileListItem items[2];
   EXPECT_EQ(2, list.GetFirstPage(items));
   EXPECT_EQ("first next ", list.calls);
   EXPECT_EQ(card.Path("DCIM/100PHOTO/QVX_0002.JPG"), items[1].filePath);
+  list.calls.clear();
+  EXPECT_EQ(2, list.GetNextPage(items));
+  EXPECT_EQ("next next next ", list.calls) << "two over the page that was shown, one on the next";
+  EXPECT_EQ(card.Path("DCIM/100PHOTO/QVX_0004.JPG"), items[1].filePath);
   list.Destroy();
 }
 

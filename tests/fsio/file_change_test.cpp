@@ -255,6 +255,17 @@ TEST_F(WritingAFile, MakesItWithWhatIsWritten) {
   EXPECT_EQ("one two", card_.ReadFile("f"));
 }
 
+TEST_F(WritingAFile, IsNotGatheredWithoutAFileOrRoom) {
+  char room[16] = {};
+  PCQDCFFSIO::GatherIn(nullptr, room, sizeof(room));
+  void* const file = PCQDCFFSIO::CreateFileIO(At("f"));
+  ASSERT_NE(nullptr, file);
+  PCQDCFFSIO::GatherIn(file, nullptr, sizeof(room));
+  EXPECT_EQ(3, Write(file, "one"));
+  EXPECT_EQ(0, PCQDCFFSIO::DestroyFileIO(file));
+  EXPECT_EQ("one", card_.ReadFile("f"));
+}
+
 TEST_F(WritingAFile, EmptiesAnEarlierOne) {
   card_.MakeFile("f", "a long earlier content");
   void* const file = PCQDCFFSIO::CreateFileIO(At("f"));
