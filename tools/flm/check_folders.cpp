@@ -125,7 +125,7 @@ class FolderCheck {
     if (listed != name && !Exists(folder.path + "/" + listed)) {
       return "lost: listed as " + listed + ", which cannot be opened";
     }
-    const std::string kind = KindProblem(path);
+    std::string kind = KindProblem(path);
     if (!kind.empty()) return kind;
     if (!folder.camera && FileNumberInName(name.c_str()) == 0) return "file numbers begin at 0001";
     return "";
