@@ -173,7 +173,7 @@ def read_options():
     if options.update and not options.check:
         parser.error("--update goes with --check")
     if options.report and (options.quick or options.check):
-        parser.error("--report goes with every size")
+        parser.error("--report goes with neither --quick nor --check")
     return options
 
 

@@ -28,7 +28,7 @@ card up to 8 000 files each. Files and folders are in the system's cache, which 
 repeat and a camera's first scan cannot: what is measured is the work of the processor and of the
 system, not the card's speed. One card is made of 9 999 pictures with a raw companion each (G2).
 
-`scripts/bench` prints these tables, `scripts/bench --report` writes this page, and
+`scripts/bench` prints these tables, `scripts/bench --report --full` writes this page, and
 `scripts/bench --check` compares instruction counts of five operations with stored ones; unlike times
 they are the same on a busy machine.
 """

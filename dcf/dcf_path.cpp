@@ -13,6 +13,7 @@ constexpr int kFileNumberWidth = 4;
 
 // Adds a field's characters at a place; the place behind them.
 char* PutField(char* at, NamePart field) {
+  if (field.text == nullptr) return at;
   for (size_t i = 0; i < field.maxLength && field.text[i] != '\0'; ++i) *at++ = field.text[i];
   return at;
 }

@@ -96,7 +96,7 @@ bool CQFileList::PassPage(WalkStep step) {
   const bool forward = step == WalkStep::kNext;
   CQFileListItem passed;
   for (int i = 0; i < pageSize_; ++i) {
-    const bool unseen = i + 1 < pageSize_ && !IsDerived() && CanWalk(&passed);
+    const bool unseen = i + 1 < pageSize_ && !IsDerived() && CanWalk(&passed) && DCF_GetCount() > 0;
     if (unseen && (forward ? catalogue_->PassNext() : catalogue_->PassPrev())) {
       count_ = DCF_GetCount();
       continue;

@@ -122,7 +122,8 @@ void WritePaths(int number, const char* first, const char* second, int size) {
   flm::AppendNamedFolder(folder, first, flm::kStillTree, second);
   flm::BoundedText name(out.data(), size);
   flm::AppendNumberedFolder(name, first, flm::kMovieTree, number, second).Char('/');
-  flm::AppendNumberedName(name, {first, 4}, number, flm::WholeText(second));
+  flm::AppendNumberedName(name, {first, 4}, number, {second, 3});
+  flm::AppendNumberedName(name, flm::WholeText(first), number, flm::WholeText(second));
   flm::BoundedText order(out.data(), size);
   flm::AppendPrintOrder(order, first);
   Require(size < 1 || std::memchr(out.data(), '\0', out.size()) != nullptr, "no end in", first);

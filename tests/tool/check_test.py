@@ -76,6 +76,30 @@ class CheckTest(ToolTest):
             ("file-name", "DCIM/CAMERA/" + "x" * 37 + ".jpg",
              "not listed: a name in CAMERA has 12 to 40 characters, this one has 41")])
 
+    def test_what_is_no_file_counts_like_one_where_it_is_listed(self):
+        folder = "DCIM/100PHOTO/"
+        for name in ("CAM_0001.JPG", "CAM_0002.JPG"):
+            self.make_file(folder + name)
+        os.mkfifo(self.root / folder / "CAM_0001.WAV")
+        os.symlink("nowhere", self.root / folder / "CAM_0001.SRW")
+        os.symlink("nowhere", self.root / folder / "ABCD0002.JPG")
+        self.assertEqual(self.lines("count", "card"), ["3"])
+        self.assertEqual(self.findings(), [
+            ("file-name", folder + "ABCD0002.JPG", "a link that leads nowhere is listed as a file"),
+            ("duplicate", "DCIM/100PHOTO",
+             "the number 0002 is used by ABCD0002.JPG, CAM_0002.JPG: companions join the first of them")])
+
+    def test_a_link_to_what_may_not_be_seen_is_no_finding(self):
+        self.make_file("DCIM/100PHOTO/CAM_0001.JPG")
+        (self.outside / "closed").mkdir()
+        (self.outside / "closed/picture").write_text("x")
+        os.symlink(self.outside / "closed/picture", self.root / "DCIM/100PHOTO/CAM_0002.JPG")
+        (self.outside / "closed").chmod(0)
+        try:
+            self.run_tool("check", "card", **self.as_nobody())
+        finally:
+            (self.outside / "closed").chmod(0o755)
+
     def test_every_refused_or_hidden_file_is_missing_in_the_list_and_no_other(self):
         names = ("CAM_0001.JPG", "CAM_0002.JPEG", ".CAM0003.JPG", "1234567A.JPG", "CAMX0004.WAV")
         for name in names:

@@ -101,6 +101,7 @@ size_t ForEachTarget(std::vector<Entry>& targets, bool quiet,
 }
 
 int FinishBulk(const Card& card, const BulkOptions& options, int status) {
+  if (status == kStatusInterrupted) return status;
   const int whole = options.files.empty() ? TellUnreadable(card, options.card.nonDcf) : kStatusDone;
   return status == kStatusDone ? whole : status;
 }

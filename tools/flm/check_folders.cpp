@@ -3,6 +3,7 @@
 #include <sys/stat.h>
 
 #include <algorithm>
+#include <cerrno>
 #include <map>
 #include <set>
 
@@ -84,7 +85,7 @@ class FolderCheck {
     std::map<int, std::vector<std::string>> numbers;
     for (const std::string& name : SortedEntries(folder.path)) {
       const std::string path = folder.path + "/" + name;
-      const std::string problem = Problem(folder, path, name);
+      const std::string problem = Problem(folder, name);
       if (!problem.empty()) {
         Add(kFileName, path, problem);
         continue;
@@ -94,9 +95,10 @@ class FolderCheck {
             "listed, but other devices may not take it: one of its first four characters is none "
             "of A-Z, 0-9 and _");
       }
-      if (!folder.camera && !IsJoined(folder, path, name)) {
-        numbers[FileNumberInName(name.c_str())].push_back(name);
-      }
+      if (!folder.camera && IsJoined(folder, path, name)) continue;
+      const std::string kind = KindProblem(path);
+      if (!kind.empty()) Add(kFileName, path, kind);
+      if (!folder.camera) numbers[FileNumberInName(name.c_str())].push_back(name);
     }
     for (const auto& [number, names] : numbers) AddDuplicates(folder, number, names);
   }
@@ -105,8 +107,9 @@ class FolderCheck {
   static std::string KindProblem(const std::string& path) {
     struct stat status;
     if (stat(path.c_str(), &status) != 0) {
-      // Where even the link is not to be seen, the folder has been told of.
-      return IsLink(path) ? "a link that leads nowhere is listed as a file" : "";
+      // Where a link leads to what may not be seen, nothing is known.
+      const bool nowhere = errno == ENOENT || errno == ENOTDIR || errno == ELOOP;
+      return nowhere && IsLink(path) ? "a link that leads nowhere is listed as a file" : "";
     }
     if (S_ISDIR(status.st_mode)) return "a folder with the name of a file is listed as a file";
     if (S_ISREG(status.st_mode)) return "";
@@ -114,8 +117,7 @@ class FolderCheck {
   }
 
   // Why a file is not listed, or not as it stands on the card; "" when all is well.
-  static std::string Problem(const Folder& folder, const std::string& path,
-                             const std::string& name) {
+  static std::string Problem(const Folder& folder, const std::string& name) {
     if (name[0] == '.') return "not listed: names that begin with a point are hidden";
     const std::string refused = folder.camera ? FreeNameProblem(name) : FileNameProblem(name);
     if (!refused.empty()) return "not listed: " + refused;
@@ -125,8 +127,6 @@ class FolderCheck {
     if (listed != name && !Exists(folder.path + "/" + listed)) {
       return "lost: listed as " + listed + ", which cannot be opened";
     }
-    std::string kind = KindProblem(path);
-    if (!kind.empty()) return kind;
     if (!folder.camera && FileNumberInName(name.c_str()) == 0) return "file numbers begin at 0001";
     return "";
   }
