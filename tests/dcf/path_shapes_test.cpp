@@ -88,6 +88,9 @@ TEST(PathShape, OfAFileWithoutPrefixOrExtension) {
   ExpectShape("0012.", [](flm::BoundedText& out) {
     flm::AppendNumberedName(out, {"", 4}, 12, flm::WholeText(nullptr));
   });
+  ExpectShape("0012.", [](flm::BoundedText& out) {
+    flm::AppendNumberedName(out, {nullptr, 4}, 12, {nullptr, 3});
+  });
 }
 
 TEST(PathShape, OfThePrintOrder) {
